@@ -1,0 +1,49 @@
+#include "platform/error.h"
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace platform {
+
+RuntimeError::RuntimeError(int number, std::string description)
+    : number_(number), description_(std::move(description)) {}
+
+RuntimeError RuntimeError::At(std::string_view place) const {
+    return {number_, std::string(place) + ": " + description_};
+}
+
+namespace {
+
+int NumberOfErrno(int errnoValue) {
+    switch (errnoValue) {
+        case ENOENT:
+            return error_number::kFileNotFound;
+        case ENOTDIR:
+            return error_number::kPathNotFound;
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            return error_number::kDiskFull;
+        case EACCES:
+        case EPERM:
+            return error_number::kPermissionDenied;
+        case EROFS:
+        case EISDIR:
+        case EEXIST:
+        case ENAMETOOLONG:
+        case ELOOP:
+            return error_number::kPathAccess;
+        default:
+            return error_number::kDeviceIo;
+    }
+}
+
+}  // namespace
+
+RuntimeError ErrorFromErrno(int errnoValue, std::string_view verb, std::string_view path) {
+    return {NumberOfErrno(errnoValue), "Can not " + std::string(verb) + " " + std::string(path) +
+                                           ": " + std::generic_category().message(errnoValue)};
+}
+
+}  // namespace platform

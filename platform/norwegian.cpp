@@ -1,0 +1,295 @@
+#include "platform/norwegian.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+#include "platform/error.h"
+#include "platform/text.h"
+
+namespace platform {
+
+namespace {
+
+constexpr int kSignificantDigits = 15;
+
+// A number as its 15 significant digits: 0.digits * 10^exponent, without trailing zeros.
+struct Decimal {
+    bool negative = false;
+    std::string digits;  // empty for zero
+    int exponent = 0;
+};
+
+Decimal DecimalOf(double number) {
+    std::array<char, 40> buffer{};
+    const int length =
+        std::snprintf(buffer.data(), buffer.size(), "%.*e", kSignificantDigits - 1, number);
+    const std::string_view text(buffer.data(), static_cast<std::size_t>(length));
+    const std::size_t mark = text.find('e');
+
+    Decimal decimal;
+    decimal.negative = text.front() == '-';
+    for (const char c : text.substr(0, mark)) {
+        if (c >= '0' && c <= '9') decimal.digits += c;
+    }
+    decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
+    std::string_view exponent = text.substr(mark + 1);
+    if (exponent.front() == '+') exponent.remove_prefix(1);
+    std::from_chars(exponent.data(), exponent.data() + exponent.size(), decimal.exponent);
+    ++decimal.exponent;
+    return decimal;
+}
+
+// Digits before and after the decimal comma, without an exponent.
+std::string Positional(const Decimal& decimal) {
+    const auto count = static_cast<int>(decimal.digits.size());
+    if (decimal.exponent <= 0) {
+        return "0," + std::string(static_cast<std::size_t>(-decimal.exponent), '0') +
+               decimal.digits;
+    }
+    if (decimal.exponent >= count) {
+        return decimal.digits +
+               std::string(static_cast<std::size_t>(decimal.exponent - count), '0');
+    }
+    const auto whole = static_cast<std::size_t>(decimal.exponent);
+    return decimal.digits.substr(0, whole) + "," + decimal.digits.substr(whole);
+}
+
+std::string Exponential(const Decimal& decimal) {
+    const int exponent = decimal.exponent - 1;
+    std::string text = decimal.digits.substr(0, 1);
+    if (decimal.digits.size() > 1) text += "," + decimal.digits.substr(1);
+    const std::string power = std::to_string(std::abs(exponent));
+    return text + (exponent < 0 ? "E-" : "E+") + (power.size() < 2 ? "0" : "") + power;
+}
+
+// One more in the last place of a run of digits; it grows by one digit on overflow.
+void Increment(std::string& digits) {
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+        if (*digit != '9') {
+            ++*digit;
+            return;
+        }
+        *digit = '0';
+    }
+    digits.insert(digits.begin(), '1');
+}
+
+// The number in hundredths, as digits, halves away from zero.
+std::string HundredthsOf(const Decimal& decimal) {
+    const int kept = decimal.exponent + 2;
+    if (kept < 0) return "0";
+    std::string digits = decimal.digits;
+    const auto keep = static_cast<std::size_t>(kept);
+    if (digits.size() <= keep) {
+        digits.append(keep - digits.size(), '0');
+    } else {
+        const bool up = digits[keep] >= '5';
+        digits.resize(keep);
+        if (up) Increment(digits);
+    }
+    return digits;
+}
+
+std::string FormatTwoDecimals(double number) {
+    const Decimal decimal = DecimalOf(number);
+    std::string digits = decimal.digits.empty() ? "0" : HundredthsOf(decimal);
+    const bool isZero = digits.find_first_not_of('0') == std::string::npos;
+    if (digits.size() < 3) digits.insert(0, 3 - digits.size(), '0');
+    digits.insert(digits.size() - 2, ",");
+    return (decimal.negative && !isZero ? "-" : "") + digits;
+}
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::size_t DigitsFrom(std::string_view text, std::size_t position) {
+    std::size_t end = position;
+    while (end < text.size() && IsDigit(text[end]))
+        ++end;
+    return end - position;
+}
+
+// The text in the form that from_chars reads, if it spells a number.
+std::optional<std::string> PlainNumber(std::string_view text) {
+    text = Trim(text);
+    std::string plain;
+    std::size_t at = 0;
+    if (at < text.size() && (text[at] == '+' || text[at] == '-')) {
+        if (text[at] == '-') plain = "-";
+        ++at;
+    }
+    const std::size_t whole = DigitsFrom(text, at);
+    plain += whole == 0 ? "0" : text.substr(at, whole);
+    at += whole;
+    std::size_t fraction = 0;
+    if (at < text.size() && (text[at] == ',' || text[at] == '.')) {
+        ++at;
+        fraction = DigitsFrom(text, at);
+        if (fraction > 0) plain += "." + std::string(text.substr(at, fraction));
+        at += fraction;
+    }
+    if (whole + fraction == 0) return std::nullopt;
+    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+        ++at;
+        plain += "e";
+        if (at < text.size() && (text[at] == '+' || text[at] == '-')) {
+            if (text[at] == '-') plain += "-";
+            ++at;
+        }
+        const std::size_t exponent = DigitsFrom(text, at);
+        if (exponent == 0) return std::nullopt;
+        plain += text.substr(at, exponent);
+        at += exponent;
+    }
+    if (at != text.size()) return std::nullopt;
+    return plain;
+}
+
+// Days since 30.12.1899 with the time of day as the fraction.
+double DayNumber(const DateTime& moment) {
+    const int year = moment.month <= 2 ? moment.year - 1 : moment.year;
+    const int era = year / 400;
+    const int yearOfEra = year - era * 400;
+    const int shifted = moment.month + (moment.month > 2 ? -3 : 9);
+    const int dayOfYear = (153 * shifted + 2) / 5 + moment.day - 1;
+    const int dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear;
+    constexpr int kDayOf1899Dec30 = 693899;
+    const int day = era * 146097 + dayOfEra - kDayOf1899Dec30;
+    const double time = (moment.hour * 3600 + moment.minute * 60 + moment.second) / 86400.0;
+    return day < 0 ? day - time : day + time;
+}
+
+std::string Quoted(const Value& value) {
+    return "\"" + ToText(value) + "\"";
+}
+
+template <class Integer>
+Integer ToInteger(const Value& value) {
+    const double rounded = std::nearbyint(ToDouble(value));  // halves to even
+    if (rounded < std::numeric_limits<Integer>::min() ||
+        rounded > std::numeric_limits<Integer>::max()) {
+        throw RuntimeError(error_number::kOverflow,
+                           "Overflow: " + Quoted(value) + " does not fit a whole number of " +
+                               std::to_string(8 * sizeof(Integer)) + " bits");
+    }
+    return static_cast<Integer>(rounded);
+}
+
+[[noreturn]] void ThrowNoDate(std::string_view text) {
+    throw RuntimeError(error_number::kTypeMismatch,
+                       "Type mismatch: \"" + std::string(text) + "\" is no date");
+}
+
+std::string Padded(int number, int width) {
+    std::array<char, 16> buffer{};
+    const int length = std::snprintf(buffer.data(), buffer.size(), "%0*d", width, number);
+    return {buffer.data(), static_cast<std::size_t>(length)};
+}
+
+}  // namespace
+
+std::string NumberText(double number) {
+    if (!std::isfinite(number)) return std::isnan(number) ? "NaN" : (number < 0 ? "-INF" : "INF");
+    const Decimal decimal = DecimalOf(number);
+    if (decimal.digits.empty()) return "0";
+    const int exponent = decimal.exponent - 1;
+    const bool positional = exponent >= -4 && exponent < kSignificantDigits;
+    return (decimal.negative ? "-" : "") +
+           (positional ? Positional(decimal) : Exponential(decimal));
+}
+
+std::string ToText(const Value& value) {
+    if (const bool* truth = value.AsBoolean()) return *truth ? "True" : "False";
+    if (const std::int64_t* whole = value.AsWhole()) return std::to_string(*whole);
+    if (const double* number = value.AsFloating()) return NumberText(*number);
+    if (const std::string* text = value.AsText()) return *text;
+    if (const DateTime* moment = value.AsDate()) {
+        const bool midnight = moment->hour == 0 && moment->minute == 0 && moment->second == 0;
+        return midnight ? ShortDateText(*moment) : DateTimeText(*moment);
+    }
+    return {};
+}
+
+std::optional<double> ParseNumber(std::string_view text) {
+    const std::optional<std::string> plain = PlainNumber(text);
+    if (!plain) return std::nullopt;
+    double number = 0;
+    const char* end = plain->data() + plain->size();
+    const std::from_chars_result result = std::from_chars(plain->data(), end, number);
+    if (result.ec == std::errc::result_out_of_range) {
+        const bool tiny = plain->find("e-") != std::string::npos;
+        if (!tiny) return std::nullopt;
+        return 0.0;
+    }
+    return number;
+}
+
+bool IsNumeric(const Value& value) {
+    if (const std::string* text = value.AsText()) return ParseNumber(*text).has_value();
+    return value.AsWhole() || value.AsFloating() || value.AsBoolean();
+}
+
+double ToDouble(const Value& value) {
+    if (value.IsNull()) throw RuntimeError(error_number::kInvalidUseOfNull, "Invalid use of Null");
+    if (const bool* truth = value.AsBoolean()) return *truth ? -1 : 0;
+    if (const std::int64_t* whole = value.AsWhole()) return static_cast<double>(*whole);
+    if (const double* number = value.AsFloating()) return *number;
+    if (const DateTime* moment = value.AsDate()) return DayNumber(*moment);
+    const std::optional<double> number = ParseNumber(*value.AsText());
+    if (!number) {
+        throw RuntimeError(error_number::kTypeMismatch,
+                           "Type mismatch: " + Quoted(value) + " is no number");
+    }
+    return *number;
+}
+
+std::int16_t ToInt16(const Value& value) {
+    return ToInteger<std::int16_t>(value);
+}
+std::int32_t ToInt32(const Value& value) {
+    return ToInteger<std::int32_t>(value);
+}
+
+std::string FormatTwoDecimals(const Value& value) {
+    if (value.IsNull()) return {};
+    if (value.AsText() && !IsNumeric(value)) return *value.AsText();
+    return FormatTwoDecimals(ToDouble(value));
+}
+
+double RoundTwoDecimals(const Value& value) {
+    return ToDouble(Value(FormatTwoDecimals(ToDouble(value))));
+}
+
+std::string ShortDateText(const DateTime& date) {
+    return Padded(date.day, 2) + "." + Padded(date.month, 2) + "." + Padded(date.year, 4);
+}
+
+std::string DateTimeText(const DateTime& moment) {
+    return ShortDateText(moment) + " " + Padded(moment.hour, 2) + ":" + Padded(moment.minute, 2) +
+           ":" + Padded(moment.second, 2);
+}
+
+DateTime ToDate(std::string_view text) {
+    const std::string_view trimmed = Trim(text);
+    const bool shaped = trimmed.size() == 10 && (trimmed[2] == '.' || trimmed[2] == '/') &&
+                        trimmed[5] == trimmed[2] && DigitsFrom(trimmed, 0) == 2 &&
+                        DigitsFrom(trimmed, 3) == 2 && DigitsFrom(trimmed, 6) == 4;
+    if (!shaped) ThrowNoDate(text);
+    const auto digits = [&](std::size_t at, std::size_t count) {
+        int number = 0;
+        std::from_chars(trimmed.data() + at, trimmed.data() + at + count, number);
+        return number;
+    };
+    DateTime date;
+    date.day = static_cast<std::int8_t>(digits(0, 2));
+    date.month = static_cast<std::int8_t>(digits(3, 2));
+    date.year = static_cast<std::int16_t>(digits(6, 4));
+    if (!IsValid(date)) ThrowNoDate(text);
+    return date;
+}
+
+}  // namespace platform

@@ -1,0 +1,70 @@
+// The dynamically typed value of a database field or a data-set field, and how two of them compare.
+// Knows nothing of how a value is written as text (norwegian.h) or stored.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+namespace platform {
+
+// A local date and time to the second; the time is midnight where only a date is meant.
+struct DateTime {
+    std::int16_t year = 1899;
+    std::int8_t month = 12;
+    std::int8_t day = 30;
+    std::int8_t hour = 0;
+    std::int8_t minute = 0;
+    std::int8_t second = 0;
+
+    friend auto operator<=>(const DateTime&, const DateTime&) = default;
+};
+
+// Whether the date exists in the calendar (years 100 to 9999) and the time of day is one.
+[[nodiscard]] bool IsValid(const DateTime& moment);
+
+class Value {
+  public:
+    Value() = default;  // null
+    Value(bool truth) : data_(truth) {}
+    Value(int number) : data_(std::int64_t{number}) {}
+    Value(std::int64_t number) : data_(number) {}
+    Value(double number) : data_(number) {}
+    Value(std::string text) : data_(std::move(text)) {}
+    Value(std::string_view text) : data_(std::string(text)) {}
+    Value(const char* text) : data_(std::string(text)) {}
+    Value(DateTime moment) : data_(moment) {}
+
+    [[nodiscard]] bool IsNull() const { return std::holds_alternative<std::monostate>(data_); }
+
+    // The value if it is of that type, else a null pointer.
+    [[nodiscard]] const bool* AsBoolean() const { return std::get_if<bool>(&data_); }
+    [[nodiscard]] const std::int64_t* AsWhole() const { return std::get_if<std::int64_t>(&data_); }
+    [[nodiscard]] const double* AsFloating() const { return std::get_if<double>(&data_); }
+    [[nodiscard]] const std::string* AsText() const { return std::get_if<std::string>(&data_); }
+    [[nodiscard]] const DateTime* AsDate() const { return std::get_if<DateTime>(&data_); }
+
+    // The value becomes this text; the room of an earlier text is used again, so that a row that is
+    // filled a million times does not allocate a million times.
+    void AssignText(std::string_view text);
+
+    // Same type and same content: for tests and containers. The system's comparisons are below.
+    friend bool operator==(const Value&, const Value&) = default;
+
+  private:
+    std::variant<std::monostate, bool, std::int64_t, double, std::string, DateTime> data_;
+};
+
+enum class Ordering { Less, Equal, Greater, Unordered };
+
+// How two values compare in filters and conditions: numbers by size, dates by time, texts without
+// regard to case; true counts as -1 and false as 0 beside a number; a text beside a number counts
+// as the number that it spells. Null, and a text that spells no number beside one, is Unordered.
+[[nodiscard]] Ordering Compare(const Value& left, const Value& right);
+
+// Compare(left, right) is Equal; so null equals nothing.
+[[nodiscard]] bool Equals(const Value& left, const Value& right);
+
+}  // namespace platform

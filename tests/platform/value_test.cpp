@@ -1,0 +1,34 @@
+#include "platform/value.h"
+
+#include <gtest/gtest.h>
+
+using namespace platform;
+
+TEST(Value, Compares) {
+    const DateTime early{2005, 3, 5, 8, 0, 0};
+    const DateTime late{2005, 3, 5, 8, 0, 1};
+    struct Case {
+        Value left;
+        Value right;
+        Ordering ordering;
+    };
+    const Case cases[] = {
+        {1, 1.0, Ordering::Equal},         {"10", 9, Ordering::Greater},
+        {"2,5", 2.5, Ordering::Equal},     {true, -1, Ordering::Equal},
+        {true, 1, Ordering::Less},         {false, 0, Ordering::Equal},
+        {true, true, Ordering::Equal},     {"AVRUNDING", "Avrunding", Ordering::Equal},
+        {"ø", "Æ", Ordering::Greater},     {early, late, Ordering::Less},
+        {"abc", 0, Ordering::Unordered},   {Value(), Value(), Ordering::Unordered},
+        {Value(), 0, Ordering::Unordered}, {9007199254740993, 9007199254740992, Ordering::Greater},
+    };
+    for (const Case& each : cases) {
+        EXPECT_EQ(Compare(each.left, each.right), each.ordering) << &each - cases;
+    }
+}
+
+TEST(Value, KnowsTheCalendar) {
+    EXPECT_TRUE(IsValid({2000, 2, 29, 23, 59, 59}));
+    EXPECT_FALSE(IsValid({1900, 2, 29, 0, 0, 0}));
+    EXPECT_FALSE(IsValid({2005, 11, 31, 0, 0, 0}));
+    EXPECT_FALSE(IsValid({2005, 1, 1, 24, 0, 0}));
+}
