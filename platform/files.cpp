@@ -1,0 +1,214 @@
+#include "platform/files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <cstdio>
+#include <system_error>
+#include <utility>
+
+#include "platform/descriptor.h"
+#include "platform/error.h"
+#include "platform/text.h"
+
+namespace platform {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool EntryExists(const fs::path& path) {
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(path, ignored));
+}
+
+// The first entry of the folder whose name equals `part` without regard to case; else empty.
+std::string EntryIgnoringCase(const fs::path& folder, std::string_view part) {
+    const std::string wanted = Upper(part);
+    std::string found;
+    std::error_code failure;
+    fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, failure);
+    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
+        std::string name = entry->path().filename().string();
+        if (Upper(name) == wanted && (found.empty() || name < found)) found = std::move(name);
+    }
+    return found;
+}
+
+std::string SpellingOnDisk(const fs::path& folder, std::string_view part) {
+    if (EntryExists(folder / part)) return std::string(part);
+    // The shop's system drops blanks at the end of a file name.
+    const std::string_view trimmed = TrimRight(part);
+    const std::string_view name = trimmed.empty() ? part : trimmed;
+    if (EntryExists(folder / name)) return std::string(name);
+    std::string found = EntryIgnoringCase(folder, name);
+    return found.empty() ? std::string(name) : found;
+}
+
+// The byte offset of the character after the one at `offset`.
+std::size_t NextCharacter(std::string_view text, std::size_t offset) {
+    ++offset;
+    while (offset < text.size() && (static_cast<unsigned char>(text[offset]) & 0xC0U) == 0x80U)
+        ++offset;
+    return offset;
+}
+
+// Both in upper case. After a mismatch only the last `*` takes one character more: that the earlier
+// ones took as little as possible is always right.
+bool MatchesOne(std::string_view name, std::string_view pattern) {
+    std::size_t n = 0;
+    std::size_t p = 0;
+    std::size_t afterStar = std::string_view::npos;
+    std::size_t starEnd = 0;
+    while (n < name.size()) {
+        const char wanted = p < pattern.size() ? pattern[p] : '\0';
+        if (wanted == '*') {
+            afterStar = ++p;
+            starEnd = n;
+        } else if (wanted == '?') {
+            ++p;
+            n = NextCharacter(name, n);
+        } else if (p < pattern.size() && wanted == name[n]) {
+            ++p;
+            ++n;
+        } else if (afterStar != std::string_view::npos) {
+            p = afterStar;
+            n = starEnd = NextCharacter(name, starEnd);
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('*', p) == std::string_view::npos;
+}
+
+std::vector<std::string> SplitPatterns(std::string_view patterns) {
+    std::vector<std::string> split;
+    for (std::size_t start = 0; start <= patterns.size();) {
+        const std::size_t end = std::min(patterns.find(';', start), patterns.size());
+        const std::string_view pattern = Trim(patterns.substr(start, end - start));
+        if (!pattern.empty()) split.push_back(Upper(pattern));
+        start = end + 1;
+    }
+    return split;
+}
+
+bool MatchesAny(std::string_view upperName, const std::vector<std::string>& patterns) {
+    return std::any_of(patterns.begin(), patterns.end(),
+                       [&](const std::string& pattern) { return MatchesOne(upperName, pattern); });
+}
+
+RuntimeError NoFolder(const fs::path& folder) {
+    return {error_number::kPathNotFound, "There is no folder " + folder.string()};
+}
+
+RuntimeError ErrorOfMoving(int errnoValue, const fs::path& source, const fs::path& target) {
+    return ErrorOfCreating(errnoValue, "move " + source.string() + " to", target);
+}
+
+void MoveAcrossFileSystems(const fs::path& source, const fs::path& target) {
+    const Descriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!from.IsOpen()) throw ErrorFromErrno(errno, "read", source.string());
+    ReplacementFile file(target);
+    int failure = file.Create();
+    if (failure == 0) failure = CopyAll(from.Get(), file.Get());
+    if (failure == 0) failure = file.TakeOwnerAndMode(from.Get());
+    if (failure == 0) failure = file.Commit();
+    if (failure != 0) throw ErrorOfMoving(failure, source, target);
+    if (::unlink(source.c_str()) != 0) throw ErrorFromErrno(errno, "delete", source.string());
+}
+
+}  // namespace
+
+fs::path ResolvePath(std::string_view name) {
+    std::string text(name);
+    std::replace(text.begin(), text.end(), '\\', '/');
+    fs::path resolved = text.starts_with('/') ? "/" : "";
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('/', start), text.size());
+        const std::string_view part = std::string_view(text).substr(start, end - start);
+        if (!part.empty()) resolved /= SpellingOnDisk(resolved, part);
+        start = end + 1;
+    }
+    // Kept, so that "file/" does not become the file.
+    if (text.ends_with('/')) resolved /= "";
+    return resolved;
+}
+
+bool FileExists(std::string_view name) {
+    std::error_code ignored;
+    return fs::is_regular_file(ResolvePath(name), ignored);
+}
+
+bool MatchesPattern(std::string_view name, std::string_view patterns) {
+    return MatchesAny(Upper(name), SplitPatterns(patterns));
+}
+
+std::vector<std::string> ListFiles(std::string_view folder, std::string_view patterns) {
+    const std::vector<std::string> split = SplitPatterns(patterns);
+    const fs::path path = folder.empty() ? fs::path(".") : ResolvePath(folder);
+    std::vector<std::pair<std::string, std::string>> found;  // upper case, name
+    std::error_code failure;
+    fs::directory_iterator entry(path, failure);
+    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
+        std::string name = entry->path().filename().string();
+        std::string upper = Upper(name);
+        std::error_code gone;
+        if (!MatchesAny(upper, split) || !entry->is_regular_file(gone)) continue;
+        found.emplace_back(std::move(upper), std::move(name));
+    }
+    if (failure.value() == ENOENT || failure.value() == ENOTDIR) throw NoFolder(path);
+    if (failure) throw ErrorFromErrno(failure.value(), "list", path.string());
+    std::sort(found.begin(), found.end());  // the order of the bytes is that of the code points
+    std::vector<std::string> names;
+    names.reserve(found.size());
+    for (auto& [upper, name] : found)
+        names.push_back(std::move(name));
+    return names;
+}
+
+void MoveFile(std::string_view from, std::string_view to) {
+    const fs::path source = ResolvePath(from);
+    const fs::path target = ResolvePath(to);
+    struct stat status {};
+    if (::stat(source.c_str(), &status) != 0) {
+        throw ErrorFromErrno(errno, "move", source.string());
+    }
+    if (!S_ISREG(status.st_mode)) {
+        throw RuntimeError(error_number::kPathAccess, source.string() + " is no file");
+    }
+    if (::rename(source.c_str(), target.c_str()) != 0) {
+        if (errno != EXDEV) throw ErrorOfMoving(errno, source, target);
+        MoveAcrossFileSystems(source, target);
+    }
+    int failure = SyncFolderOf(target);
+    if (failure == 0 && FolderOf(source) != FolderOf(target)) failure = SyncFolderOf(source);
+    if (failure != 0) throw ErrorOfMoving(failure, source, target);
+}
+
+void DeleteFile(std::string_view name) {
+    const fs::path path = ResolvePath(name);
+    if (::unlink(path.c_str()) != 0) throw ErrorFromErrno(errno, "delete", path.string());
+}
+
+void RequireWritableFolderOf(std::string_view name) {
+    const fs::path folder = FolderOf(ResolvePath(name));
+    std::error_code ignored;
+    if (!fs::is_directory(folder, ignored)) throw NoFolder(folder);
+    if (::access(folder.c_str(), W_OK | X_OK) != 0) {
+        throw RuntimeError(error_number::kPathAccess,
+                           "Can not create files in the folder " + folder.string());
+    }
+}
+
+void ChangeDirectory(std::string_view folder) {
+    const fs::path path = ResolvePath(folder);
+    if (::chdir(path.c_str()) == 0) return;
+    if (errno == ENOENT || errno == ENOTDIR) throw NoFolder(path);
+    throw ErrorFromErrno(errno, "change to the folder", path.string());
+}
+
+}  // namespace platform

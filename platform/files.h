@@ -1,0 +1,42 @@
+// The file system as the system's routines see it: `\` separates like `/`, and names are found
+// without regard to case. All functions are relative to the current directory and throw
+// RuntimeError (53, 61, 70, 75, 76) with the path in the description.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+// The path that a name of a profile file or a routine means: every `\` a separator, every part of
+// it that exists in another spelling of case taken as it stands on disk (the exact spelling first).
+// Parts that do not exist stay as given, without blanks at their end. The result may name nothing.
+[[nodiscard]] std::filesystem::path ResolvePath(std::string_view name);
+
+// Whether a regular file of that name exists.
+[[nodiscard]] bool FileExists(std::string_view name);
+
+// Whether `name` matches one of the patterns (`*` any run, `?` one character, several separated by
+// `;`), without regard to case. An empty pattern matches nothing.
+[[nodiscard]] bool MatchesPattern(std::string_view name, std::string_view patterns);
+
+// The names of the files (not folders) in `folder` that match, by their upper-cased code points.
+// Names come as the bytes on disk, also where those are no UTF-8.
+[[nodiscard]] std::vector<std::string> ListFiles(std::string_view folder,
+                                                 std::string_view patterns);
+
+// Gives the file `from` the name `to` in one step; an existing file of that name is replaced. Where
+// the two lie on different file systems: copied beside the target, synced, then put in place.
+void MoveFile(std::string_view from, std::string_view to);
+
+void DeleteFile(std::string_view name);  // 53 where there is none
+
+// Error 75 unless files can be created in the folder that holds `name`.
+void RequireWritableFolderOf(std::string_view name);
+
+void ChangeDirectory(std::string_view folder);  // 76 where there is none
+
+}  // namespace platform

@@ -1,0 +1,164 @@
+#include "platform/text_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <system_error>
+#include <utility>
+
+#include "platform/code_page.h"
+#include "platform/descriptor.h"
+#include "platform/error.h"
+#include "platform/files.h"
+
+namespace platform {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
+constexpr int kBadFileNumber = 52;
+
+// One spelling for every way to name a file, whether it exists yet or not.
+fs::path CanonicalPath(std::string_view name) {
+    std::error_code failure;
+    const fs::path path = fs::absolute(ResolvePath(name), failure);
+    fs::path canonical = fs::weakly_canonical(path, failure);
+    return failure ? path : canonical;
+}
+
+bool IsSameFile(const struct stat& left, const struct stat& right) {
+    return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+}
+
+void CopyContent(const fs::path& source, const fs::path& target) {
+    const Descriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!from.IsOpen()) throw ErrorFromErrno(errno, "read", source.string());
+    Descriptor to(::open(target.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
+    if (!to.IsOpen()) throw ErrorOfCreating(errno, "write", target);
+    struct stat sourceStatus {};
+    struct stat targetStatus {};
+    int failure = ::fstat(from.Get(), &sourceStatus) == 0 ? 0 : errno;
+    if (failure == 0) failure = ::fstat(to.Get(), &targetStatus) == 0 ? 0 : errno;
+    if (failure == 0 && IsSameFile(sourceStatus, targetStatus)) {
+        throw RuntimeError(error_number::kPermissionDenied,
+                           "Can not copy " + source.string() + " onto itself");
+    }
+    // Emptied only now: opening could not tell yet that it is the source itself.
+    if (failure == 0 && S_ISREG(targetStatus.st_mode)) {
+        failure = ::ftruncate(to.Get(), 0) == 0 ? 0 : errno;
+    }
+    if (failure == 0) failure = CopyAll(from.Get(), to.Get());
+    // The caller deletes the source next.
+    if (failure == 0) failure = SyncContent(to.Get());
+    if (failure == 0) failure = to.Close();
+    if (failure != 0) throw ErrorFromErrno(failure, "write", target.string());
+}
+
+}  // namespace
+
+TextFile::TextFile(TextFiles& table, fs::path path, int descriptor)
+    : table_(table), path_(std::move(path)), descriptor_(descriptor) {
+    table_.open_.push_back(path_);
+}
+
+TextFile::~TextFile() {
+    if (!IsOpen()) return;
+    WriteCollected();
+    Leave();
+}
+
+void TextFile::WriteLine(std::string_view line) {
+    RequireOpen();
+    buffer_ += EncodeWindows1252(line);
+    buffer_ += "\r\n";
+    if (buffer_.size() >= kBufferSize) Flush();
+}
+
+void TextFile::WriteEncoded(std::string_view lines) {
+    RequireOpen();
+    if (buffer_.size() + lines.size() >= kBufferSize) Flush();
+    if (lines.size() < kBufferSize) {
+        buffer_ += lines;
+        return;
+    }
+    if (const int failure = WriteAll(descriptor_, lines); failure != 0) {
+        throw ErrorFromErrno(failure, "write", path_.string());
+    }
+}
+
+void TextFile::Close() {
+    if (!IsOpen()) return;
+    int failure = WriteCollected();
+    if (failure == 0) failure = SyncContent(descriptor_);
+    const int closeFailure = Leave();
+    if (failure == 0) failure = closeFailure;
+    if (failure != 0) throw ErrorFromErrno(failure, "write", path_.string());
+}
+
+void TextFile::RequireOpen() const {
+    if (!IsOpen()) throw RuntimeError(kBadFileNumber, path_.string() + " is closed");
+}
+
+void TextFile::Flush() {
+    if (const int failure = WriteCollected(); failure != 0) {
+        throw ErrorFromErrno(failure, "write", path_.string());
+    }
+}
+
+int TextFile::WriteCollected() {
+    std::string_view rest = buffer_;
+    const int failure = WriteAll(descriptor_, rest);
+    // A later try goes on where this one ended, so that no byte is written twice.
+    buffer_.erase(0, buffer_.size() - rest.size());
+    return failure;
+}
+
+int TextFile::Leave() {
+    std::erase(table_.open_, path_);
+    return Descriptor(std::exchange(descriptor_, -1)).Close();
+}
+
+std::string EncodeLine(std::string_view line) {
+    return EncodeWindows1252(line) + "\r\n";
+}
+
+std::unique_ptr<TextFile> TextFiles::OpenForOutput(std::string_view name) {
+    return Open(name, O_TRUNC);
+}
+
+std::unique_ptr<TextFile> TextFiles::OpenForAppend(std::string_view name) {
+    return Open(name, O_APPEND);
+}
+
+std::unique_ptr<TextFile> TextFiles::Open(std::string_view name, int flags) {
+    const fs::path path = CanonicalPath(name);
+    RequireNotOpen(path);
+    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | flags, 0666));
+    if (!file.IsOpen()) throw ErrorOfCreating(errno, "open", path);
+    return std::unique_ptr<TextFile>(new TextFile(*this, path, file.Release()));
+}
+
+void TextFiles::Copy(std::string_view from, std::string_view to) {
+    const fs::path source = CanonicalPath(from);
+    const fs::path target = CanonicalPath(to);
+    std::error_code ignored;
+    if (!fs::is_regular_file(source, ignored)) {
+        throw RuntimeError(error_number::kFileNotFound, "There is no file " + source.string());
+    }
+    RequireNotOpen(source);
+    RequireNotOpen(target);
+    CopyContent(source, target);
+}
+
+void TextFiles::RequireNotOpen(const fs::path& path) const {
+    if (std::find(open_.begin(), open_.end(), path) == open_.end()) return;
+    throw RuntimeError(error_number::kFileAlreadyOpen, path.string() + " is already open");
+}
+
+}  // namespace platform

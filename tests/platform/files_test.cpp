@@ -1,0 +1,136 @@
+#include "platform/files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "tests/support/expect_error.h"
+#include "tests/support/temp_folder.h"
+
+namespace platform {
+namespace {
+
+using support::ExpectError;
+using support::TempFolder;
+using Names = std::vector<std::string>;
+
+TEST(ResolvePath, TakesTheSpellingOnDiskPartByPart) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.Path() / "Kjøp");
+    folder.Write("Kjøp/Bilag.txt", "");
+    folder.Write("Kjøp/b", "");
+    folder.Write("Kjøp/B", "");
+    const std::string root = folder.Path().string();
+    const struct {
+        std::string given, expected;
+    } cases[] = {
+        {R"(\KJØP\bilag.TXT)", "/Kjøp/Bilag.txt"},      {"/kjøp/b", "/Kjøp/b"},
+        {R"(\kjøp\..//Kjøp\.\B)", "/Kjøp/../Kjøp/./B"}, {"/KJØP/Ny Fil.TXT", "/Kjøp/Ny Fil.TXT"},
+        {"/KJØP/BILAG.TXT  ", "/Kjøp/Bilag.txt"},       {"/KJØP/", "/Kjøp/"},
+        {"/Ingen/Bilag.txt", "/Ingen/Bilag.txt"},
+    };
+    for (const auto& [given, expected] : cases) {
+        EXPECT_EQ(ResolvePath(root + given).string(), root + expected);
+    }
+    EXPECT_EQ(ResolvePath(""), "");
+}
+
+TEST(ResolvePath, AmongSeveralSpellingsTakesTheFirst) {
+    const TempFolder folder;
+    folder.Write("bilag.txt", "");
+    folder.Write("Bilag.txt", "");
+    EXPECT_EQ(ResolvePath(folder.File("BILAG.TXT")), folder.File("Bilag.txt"));
+}
+
+TEST(MatchesPattern, ComparesCharactersWithoutCase) {
+    const struct {
+        std::string name, patterns;
+        bool matches;
+    } cases[] = {
+        {"0001DayEndSales.XML", "*dayendsales.xml", true},
+        {"0001DayEndSales.XML.ferdig", "*DayEndSales.XML", false},
+        {"Bø.txt", "B?.TXT", true},
+        {"BÆØÅ", "*?ø?", true},
+        {"b", "b?", false},
+        {"a.csv", "*.txt ; *.csv", true},
+        {"aXbXc", "a*b*c*", true},
+        {"abcab", "*ab?", false},
+        {"a", "", false},
+        {"a", " ; ", false},
+        {"\xE6\xE5", "??", true},  // no UTF-8
+        {std::string(5000, 'a'), "*a*a*a*a*a*a*a*a*a*a*a*a*a*a*b", false},
+    };
+    for (const auto& [name, patterns, matches] : cases) {
+        EXPECT_EQ(MatchesPattern(name, patterns), matches) << name << " / " << patterns;
+    }
+}
+
+TEST(ListFiles, GivesFilesByUpperCaseWithoutFolders) {
+    const TempFolder folder;
+    for (const char* name : {"b.xml", "A.XML", "a.xml", "_.xml", "Å.xml", "x.txt", "\xF8.xml"}) {
+        folder.Write(name, "");
+    }
+    std::filesystem::create_directory(folder.Path() / "c.xml");
+    std::filesystem::create_symlink("x.txt", folder.Path() / "link.xml");
+    std::filesystem::create_symlink("gone", folder.Path() / "broken.xml");
+    EXPECT_EQ(ListFiles(folder.Path().string(), "*.XML"),
+              (Names{"A.XML", "a.xml", "b.xml", "link.xml", "_.xml", "Å.xml", "\xF8.xml"}));
+    EXPECT_EQ(ListFiles(folder.Path().string() + "\\", ""), Names{});
+    ExpectError(76, [&] { return ListFiles(folder.File("ingen"), "*"); });
+    ExpectError(76, [&] { return ListFiles(folder.File("x.txt"), "*"); });
+}
+
+TEST(MoveFile, ReplacesTheTargetUnderItsOwnSpelling) {
+    const TempFolder folder;
+    folder.Write("Fra.xml", "ny");
+    folder.Write("Til.xml", "gammel");
+    MoveFile(folder.File("FRA.XML"), folder.File("TIL.XML"));
+    EXPECT_EQ(folder.Read("Til.xml"), "ny");
+    EXPECT_FALSE(folder.Has("Fra.xml"));
+    ExpectError(53, [&] { MoveFile(folder.File("Fra.xml"), folder.File("Til.xml")); });
+    ExpectError(76, [&] { MoveFile(folder.File("Til.xml"), folder.File("ingen/Til.xml")); });
+    EXPECT_EQ(folder.Read("Til.xml"), "ny");
+}
+
+TEST(MoveFile, CopiesToAnotherFileSystem) {
+    const TempFolder folder;
+    const std::string target = "/dev/shm/" + folder.Path().filename().string() + ".xml";
+    struct stat here {};
+    struct stat there {};
+    if (::stat(folder.Path().c_str(), &here) != 0 || ::stat("/dev/shm", &there) != 0 ||
+        here.st_dev == there.st_dev || ::access("/dev/shm", W_OK) != 0) {
+        GTEST_SKIP() << "no second file system";
+    }
+    const std::string content(300'000, 'x');
+    folder.Write("a.xml", content);
+    MoveFile(folder.File("a.xml"), target);
+    EXPECT_FALSE(folder.Has("a.xml"));
+    MoveFile(target, folder.File("b.xml"));
+    EXPECT_EQ(folder.Read("b.xml"), content);
+    EXPECT_FALSE(std::filesystem::exists(target));
+    EXPECT_EQ(ListFiles(folder.Path().string(), "*"), Names{"b.xml"});
+}
+
+TEST(Files, TellWhatIsMissing) {
+    const TempFolder folder;
+    folder.Write("Data.mdb", "");
+    EXPECT_TRUE(FileExists(folder.File("DATA.MDB")));
+    EXPECT_FALSE(FileExists(folder.Path().string()));
+    RequireWritableFolderOf(folder.File("ny.tmp"));
+    const std::string text =
+        ExpectError(76, [&] { RequireWritableFolderOf(folder.File("ingen/ny.tmp")); });
+    EXPECT_NE(text.find(folder.File("ingen")), std::string::npos) << text;
+    ExpectError(76, [&] { ChangeDirectory(folder.File("Data.mdb")); });
+    DeleteFile(folder.File("data.mdb"));
+    ExpectError(53, [&] { DeleteFile(folder.File("data.mdb")); });
+}
+
+TEST(Files, AWriteProtectedFolderIsError75) {
+    if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write everywhere";
+    const TempFolder folder;
+    ASSERT_EQ(::chmod(folder.Path().c_str(), 0500), 0);
+    ExpectError(75, [&] { RequireWritableFolderOf(folder.File("ny.tmp")); });
+}
+
+}  // namespace
+}  // namespace platform

@@ -1,0 +1,106 @@
+#include "platform/text_file.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/expect_error.h"
+#include "tests/support/temp_folder.h"
+
+namespace platform {
+namespace {
+
+using support::ExpectError;
+using support::TempFolder;
+
+TEST(TextFile, WritesCodePageLinesInOrder) {
+    const TempFolder folder;
+    TextFiles files;
+    const std::string block = EncodeLine(std::string(300'000, 'x'));  // larger than any buffer
+    std::string expected = "7;6;\r\n";
+    {
+        const auto file = files.OpenForOutput(folder.File("a.txt"));
+        file->WriteLine("7;6;");
+        file->WriteEncoded(block);
+        for (int i = 0; i < 100'000; ++i) {
+            file->WriteLine("Sjø");
+        }
+    }  // without Close
+    expected += block;
+    for (int i = 0; i < 100'000; ++i) {
+        expected += "Sj\xF8\r\n";
+    }
+    EXPECT_TRUE(folder.Read("a.txt") == expected);
+
+    const auto more = files.OpenForAppend(folder.File("A.TXT"));
+    more->WriteLine("slutt");
+    more->Close();
+    more->Close();
+    EXPECT_TRUE(folder.Read("a.txt") == expected + "slutt\r\n");
+    ExpectError(52, [&] { more->WriteLine("for sent"); });
+    files.OpenForOutput(folder.File("a.txt"))->Close();
+    EXPECT_EQ(folder.Read("a.txt"), "");
+}
+
+TEST(TextFiles, AnOpenFileIsRefusedInEverySpelling) {
+    const TempFolder folder;
+    std::filesystem::create_directory(folder.Path() / "Ordre");
+    std::filesystem::create_directory_symlink("Ordre", folder.Path() / "lenke");
+    folder.Write("annen.txt", "x");
+    TextFiles files;
+    const auto file = files.OpenForOutput(folder.File("Ordre/ut.tmp"));
+    file->WriteLine("1");
+    const std::string root = folder.Path().string();
+    for (const std::string name :
+         {"/Ordre/ut.tmp", R"(\ORDRE\UT.TMP)", "/lenke/ut.tmp", "/Ordre/../lenke/./Ut.tmp"}) {
+        ExpectError(55, [&] { return files.OpenForOutput(root + name); });
+        ExpectError(55, [&] { return files.OpenForAppend(root + name); });
+        ExpectError(55, [&] { files.Copy(folder.File("annen.txt"), root + name); });
+        ExpectError(55, [&] { files.Copy(root + name, folder.File("annen.txt")); });
+    }
+    file->Close();
+    files.OpenForAppend(folder.File("lenke/ut.tmp"))->WriteLine("2");
+    EXPECT_EQ(folder.Read("Ordre/ut.tmp"), "1\r\n2\r\n");
+}
+
+TEST(TextFiles, OpeningTellsWhatIsInTheWay) {
+    const TempFolder folder;
+    TextFiles files;
+    ExpectError(75, [&] { return files.OpenForOutput(folder.Path().string()); });
+    const std::string text =
+        ExpectError(76, [&] { return files.OpenForAppend(folder.File("ingen/ut.txt")); });
+    EXPECT_NE(text.find(folder.File("ingen")), std::string::npos) << text;
+}
+
+TEST(TextFile, AFullDiskIsError61AndTheFileCanBeOpenedAgain) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full";
+    TextFiles files;
+    const auto atClose = files.OpenForAppend("/dev/full");
+    atClose->WriteLine("x");
+    ExpectError(61, [&] { atClose->Close(); });
+    EXPECT_FALSE(atClose->IsOpen());
+
+    const auto whileWriting = files.OpenForAppend("/dev/full");
+    const std::string block(400'000, 'x');
+    ExpectError(61, [&] { whileWriting->WriteEncoded(block); });
+    ExpectError(61, [&] { whileWriting->WriteLine(block); });
+}  // what is left can not be written either, and is nobody's error any more
+
+TEST(TextFiles, CopyReplacesTheContentOnly) {
+    const TempFolder folder;
+    const std::string content(500'000, 'y');
+    folder.Write("fra.tmp", content);
+    folder.Write("Til.txt", std::string(600'000, 'z'));
+    std::filesystem::create_hard_link(folder.File("Til.txt"), folder.File("samme.txt"));
+    TextFiles files;
+    files.Copy(folder.File("FRA.TMP"), folder.File("TIL.TXT"));
+    EXPECT_TRUE(folder.Read("samme.txt") == content);
+    ExpectError(70, [&] { files.Copy(folder.File("samme.txt"), folder.File("Til.txt")); });
+    EXPECT_TRUE(folder.Read("Til.txt") == content);
+    ExpectError(53, [&] { files.Copy(folder.File("ingen.txt"), folder.File("Til.txt")); });
+    ExpectError(76, [&] { files.Copy(folder.File("Til.txt"), folder.File("ingen/Til.txt")); });
+    if (std::filesystem::exists("/dev/full")) {
+        ExpectError(61, [&] { files.Copy(folder.File("Til.txt"), "/dev/full"); });
+    }
+}
+
+}  // namespace
+}  // namespace platform
