@@ -1,0 +1,36 @@
+// Many small changes as one write to disk.
+#pragma once
+
+#include <memory>
+
+#include "platform/database/database.h"
+
+namespace platform {
+
+// Groups the changes that follow on a connection. What was saved stays saved, also when the scope
+// is left by an error: a row that an export has written is marked, whatever comes after it.
+class Batch {
+  public:
+    explicit Batch(Database& database) : transaction_(database.BeginTransaction()) {}
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+
+    ~Batch() {
+        if (!transaction_) return;
+        try {
+            transaction_->Commit();
+        } catch (...) {
+            // The error that left the scope is the one to report.
+        }
+    }
+
+    void Commit() {
+        const std::unique_ptr<Transaction> ending = std::move(transaction_);
+        ending->Commit();
+    }
+
+  private:
+    std::unique_ptr<Transaction> transaction_;
+};
+
+}  // namespace platform

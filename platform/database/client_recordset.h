@@ -1,0 +1,76 @@
+// A recordset whose rows are held in memory: query results and loaded files. Where its changes go
+// is a RowSaver's business.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/database/recordset.h"
+
+namespace platform {
+
+// The rows themselves; shared by several recordsets that view the same rows through other filters.
+struct RowSet {
+    std::vector<std::string> fields;
+    std::vector<Row> rows;
+};
+
+// Saves a changed row where it came from.
+class RowSaver {
+  public:
+    virtual ~RowSaver() = default;
+
+    // The value as the field stores it; what the field can not take is error 3421.
+    [[nodiscard]] virtual Value Fit(int field, Value value) const;
+
+    // `position` is the row's place in the RowSet, `fields` the places of the fields that were set.
+    virtual void Save(std::size_t position, const Row& row, const std::vector<int>& fields) = 0;
+};
+
+class ClientRecordset : public Recordset {
+  public:
+    // Without a saver a change stays in memory.
+    explicit ClientRecordset(std::shared_ptr<RowSet> rowSet,
+                             std::unique_ptr<RowSaver> saver = nullptr);
+
+    // Views just the rows at these places of the row set, in this order, as if they were all.
+    ClientRecordset(std::shared_ptr<RowSet> rowSet, std::vector<std::size_t> places);
+
+    [[nodiscard]] bool IsEof() const override;
+    [[nodiscard]] long AbsolutePosition() const override;
+    [[nodiscard]] long RecordCount() const override;
+    void MoveFirst() override;
+    void MoveNext() override;
+    [[nodiscard]] int FieldCount() const override;
+    [[nodiscard]] Value Get(std::string_view field) const override;
+    [[nodiscard]] Value Get(int position) const override;
+    void Edit() override;
+    void Set(std::string_view field, Value value) override;
+    void Update() override;
+    void SetFilter(std::string_view filter) override;
+    void Close() override;
+
+  private:
+    // A change of the current row that is not saved yet.
+    struct Change {
+        Row row;
+        std::vector<int> fields;
+    };
+
+    [[nodiscard]] const RowSet& Rows() const;  // error 3704 after Close
+    [[nodiscard]] std::size_t Count() const;
+    [[nodiscard]] std::size_t CurrentPlace() const;  // error 3021 where there is no current row
+    [[nodiscard]] Value Field(std::size_t field) const;
+    void MoveTo(std::size_t number);
+
+    std::shared_ptr<RowSet> rowSet_;  // null once closed
+    std::unique_ptr<RowSaver> saver_;
+    std::optional<std::vector<std::size_t>> all_;   // places in the row set; every row without it
+    std::optional<std::vector<std::size_t>> view_;  // the places that the filter took
+    std::size_t current_ = 0;                       // in the view, from 0
+    std::optional<Change> change_;
+};
+
+}  // namespace platform

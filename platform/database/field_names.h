@@ -1,0 +1,17 @@
+// Finding a field by its name among the fields of a recordset.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+// The place of the first field of that name, in any case; error 3265 where there is none.
+[[nodiscard]] std::size_t PlaceOfField(const std::vector<std::string>& fields,
+                                       std::string_view name);
+
+// The same for a place; error 3265 where there is no such field.
+[[nodiscard]] std::size_t PlaceOfField(const std::vector<std::string>& fields, int position);
+
+}  // namespace platform

@@ -1,0 +1,35 @@
+// The value types of database columns: which one a declared type means, and how a value is made fit
+// to be stored in it. Knows nothing of connections and statements.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/value.h"
+
+namespace platform {
+
+enum class FieldType { Boolean, Date, Whole, Floating, Text, AsStored };
+
+// The type that a declared column type means; none declared is AsStored.
+[[nodiscard]] FieldType TypeOfDeclaration(std::string_view declaration);
+
+// Whether the value is stored as it is in a column of that type.
+[[nodiscard]] bool HasType(const Value& value, FieldType type);
+
+// The value as a column of that type stores it; nothing where the column can not take it.
+// Null fits everywhere.
+[[nodiscard]] std::optional<Value> Fitted(const Value& value, FieldType type);
+
+// What `place` ("Table Sales, column ID") could not take, as error 3421.
+[[nodiscard]] Value FittedOrError(const Value& value, FieldType type, std::string_view place);
+
+// `YYYY-MM-DD HH:MM:SS`, the form in which dates are stored.
+[[nodiscard]] std::string StoredDate(const DateTime& moment);
+
+// The moment of a stored date, the time optional; nothing where the text is not of that form or the
+// moment does not exist.
+[[nodiscard]] std::optional<DateTime> ParseStoredDate(std::string_view text);
+
+}  // namespace platform

@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include "platform/database/client_recordset.h"
+#include "platform/error.h"
+#include "tests/support/expect_error.h"
+
+namespace platform {
+namespace {
+
+namespace number = error_number;
+using support::ExpectError;
+
+std::shared_ptr<RowSet> Lines() {
+    return std::make_shared<RowSet>(RowSet{
+        {"SalesID", "LineNo", "Beløp", "LINENO"},
+        {{1, 1, 10.0, "second of its name"}, {2, 1, 20.0, {}}, {1, 2, 30.0, {}}, {2, 2, {}, {}}}});
+}
+
+std::vector<Value> LineNumbers(Recordset& lines) {
+    std::vector<Value> numbers;
+    for (; !lines.IsEof(); lines.MoveNext())
+        numbers.push_back(lines.Get("LineNo"));
+    return numbers;
+}
+
+TEST(ClientRecordset, FindsFieldsWithoutRegardToCase) {
+    const ClientRecordset lines(Lines());
+    EXPECT_EQ(lines.Get("salesid"), Value(1));
+    EXPECT_EQ(lines.Get("BELØP"), Value(10.0));
+    EXPECT_EQ(lines.Get("lineno"), Value(1)) << "the first of two equal names";
+    EXPECT_EQ(lines.Get(3), Value("second of its name"));
+    const std::string description =
+        ExpectError(number::kFieldNotFound, [&] { (void)lines.Get("Qty"); });
+    EXPECT_NE(description.find("'Qty'"), std::string::npos);
+    ExpectError(number::kFieldNotFound, [&] { (void)lines.Get(4); });
+    ExpectError(number::kFieldNotFound, [&] { (void)lines.Get(-1); });
+}
+
+TEST(ClientRecordset, WalksToTheEndAndBack) {
+    ClientRecordset lines(Lines());
+    EXPECT_EQ(lines.AbsolutePosition(), 1);
+    EXPECT_EQ(LineNumbers(lines).size(), 4U);
+    EXPECT_LT(lines.AbsolutePosition(), 0);
+    ExpectError(number::kNoCurrentRecord, [&] { lines.MoveNext(); });
+    ExpectError(number::kNoCurrentRecord, [&] { (void)lines.Get("SalesID"); });
+    ExpectError(number::kNoCurrentRecord, [&] { lines.Edit(); });
+    lines.MoveFirst();
+    EXPECT_EQ(lines.AbsolutePosition(), 1);
+
+    ClientRecordset empty(std::make_shared<RowSet>());
+    EXPECT_TRUE(empty.IsEof());
+    EXPECT_LT(empty.AbsolutePosition(), 0);
+    ExpectError(number::kNoCurrentRecord, [&] { empty.MoveFirst(); });
+}
+
+TEST(ClientRecordset, FilterTakesRowsAndTheEmptyTextRestoresThem) {
+    ClientRecordset lines(Lines());
+    lines.MoveNext();
+    lines.SetFilter("SalesID = 1 and LINENO >= 1");
+    EXPECT_EQ(lines.RecordCount(), 2);
+    EXPECT_EQ(lines.AbsolutePosition(), 1);
+    EXPECT_EQ(LineNumbers(lines), (std::vector<Value>{1, 2}));
+
+    lines.SetFilter("beløp > 0");
+    EXPECT_EQ(lines.RecordCount(), 3) << "null passes nothing";
+    lines.SetFilter("SalesID = 3");
+    EXPECT_TRUE(lines.IsEof());
+    EXPECT_LT(lines.AbsolutePosition(), 0);
+    lines.SetFilter("");
+    EXPECT_EQ(lines.RecordCount(), 4);
+
+    ExpectError(number::kFieldNotFound, [&] { lines.SetFilter("Qty = 1"); });
+    ExpectError(number::kSyntaxError, [&] { lines.SetFilter("SalesID = "); });
+}
+
+TEST(ClientRecordset, ViewOfSomeRowsFiltersAmongThem) {
+    ClientRecordset lines(Lines(), {3, 1});
+    EXPECT_EQ(LineNumbers(lines), (std::vector<Value>{2, 1}));
+    lines.SetFilter("LineNo = 1");
+    EXPECT_EQ(lines.RecordCount(), 1);
+    lines.SetFilter("");
+    EXPECT_EQ(lines.RecordCount(), 2);
+}
+
+TEST(ClientRecordset, ChangesAFilteredRowForAllWhoShareTheRows) {
+    const auto rows = Lines();
+    ClientRecordset lines(rows);
+    lines.SetFilter("SalesID = 2");
+    lines.MoveNext();
+    lines.Edit();
+    lines.Set("Beløp", 99.0);
+    EXPECT_EQ(lines.Get("Beløp"), Value(99.0));
+    EXPECT_TRUE(rows->rows[3][2].IsNull()) << "not before Update";
+    lines.Update();
+    EXPECT_EQ(rows->rows[3][2], Value(99.0));
+
+    lines.MoveFirst();
+    lines.Edit();
+    lines.Set("Beløp", 1.0);
+    lines.MoveNext();
+    EXPECT_EQ(rows->rows[1][2], Value(20.0)) << "moving on forgets the change";
+    ExpectError(number::kUpdateWithoutEdit, [&] { lines.Update(); });
+    ExpectError(number::kUpdateWithoutEdit, [&] { lines.Set("Beløp", 2.0); });
+}
+
+class RefusingSaver : public RowSaver {
+  public:
+    void Save(std::size_t, const Row&, const std::vector<int>&) override {
+        throw RuntimeError(number::kDiskFull, "full");
+    }
+};
+
+TEST(ClientRecordset, ARowThatIsNotSavedStaysAsItWas) {
+    const auto rows = Lines();
+    ClientRecordset lines(rows, std::make_unique<RefusingSaver>());
+    lines.Edit();
+    lines.Set("SalesID", 7);
+    ExpectError(number::kDiskFull, [&] { lines.Update(); });
+    EXPECT_EQ(rows->rows[0][0], Value(1));
+}
+
+TEST(ClientRecordset, RefusesEveryCallOnceClosed) {
+    ClientRecordset lines(Lines());
+    lines.Close();
+    ExpectError(number::kObjectClosed, [&] { (void)lines.IsEof(); });
+    ExpectError(number::kObjectClosed, [&] { (void)lines.AbsolutePosition(); });
+    ExpectError(number::kObjectClosed, [&] { (void)lines.RecordCount(); });
+    ExpectError(number::kObjectClosed, [&] { lines.MoveFirst(); });
+    ExpectError(number::kObjectClosed, [&] { lines.MoveNext(); });
+    ExpectError(number::kObjectClosed, [&] { (void)lines.FieldCount(); });
+    ExpectError(number::kObjectClosed, [&] { (void)lines.Get("SalesID"); });
+    ExpectError(number::kObjectClosed, [&] { (void)lines.Get(0); });
+    ExpectError(number::kObjectClosed, [&] { lines.Edit(); });
+    ExpectError(number::kObjectClosed, [&] { lines.Set("SalesID", 1); });
+    ExpectError(number::kObjectClosed, [&] { lines.Update(); });
+    ExpectError(number::kObjectClosed, [&] { lines.SetFilter(""); });
+    ExpectError(number::kObjectClosed, [&] { lines.Close(); });
+}
+
+}  // namespace
+}  // namespace platform
