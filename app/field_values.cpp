@@ -1,0 +1,39 @@
+#include "app/field_values.h"
+
+#include <array>
+#include <cstdio>
+
+#include "platform/norwegian.h"
+#include "platform/text.h"
+
+namespace app {
+
+using platform::Mid;
+
+std::string NzText(const platform::Value& value) {
+    const std::string text = platform::ToText(value);
+    if (platform::Trim(text).empty()) return " ";
+    return std::string(platform::TrimLeft(text));
+}
+
+platform::Value NzNumber(const platform::Value& value) {
+    if (!value.IsNull() && platform::IsNumeric(value)) return value;
+    return 0;
+}
+
+std::string DateToYmd(const platform::DateTime& date) {
+    std::array<char, 16> buffer{};
+    const int length = std::snprintf(buffer.data(), buffer.size(), "%d%02d%02d", int{date.year},
+                                     int{date.month}, int{date.day});
+    return {buffer.data(), static_cast<std::size_t>(length)};
+}
+
+std::string YmdToDateText(std::int32_t ymd) {
+    if (ymd <= 10000000) return {};
+    const std::string digits = std::to_string(ymd);
+    const std::string dayFirst =
+        Mid(digits, 7, 2) + "/" + Mid(digits, 5, 2) + "/" + Mid(digits, 1, 4);
+    return platform::ShortDateText(platform::ToDate(dayFirst));
+}
+
+}  // namespace app
