@@ -1,0 +1,29 @@
+// A day-end data set: the pair of files that a prefix names, how the operator sees it, and the
+// names that the files get when the set is done.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/clock.h"
+
+namespace store {
+
+// The display name of the data set with the empty prefix.
+inline constexpr const char* kUnnamedDataSet = "<Uten navn>";
+
+[[nodiscard]] std::string SalesFileName(std::string_view dataSetName);
+[[nodiscard]] std::string SalesLinesFileName(std::string_view dataSetName);
+
+// The prefix behind an entry of the operator's list.
+[[nodiscard]] std::string DataSetNameOf(std::string_view displayName);
+
+// `fileName` + ".", the stamp and ".ferdig". The stamp is year, month, day, hour and seconds; it
+// has no minutes, since the shop's other tools read it so.
+[[nodiscard]] std::string FinishedName(std::string_view fileName, const platform::DateTime& moment);
+
+// Gives both files of the data set their finished names, the sales file first, each with its own
+// reading of the clock. A finished file of the same name is replaced.
+void MarkAsTransferred(std::string_view dataSetName, const platform::Clock& clock);
+
+}  // namespace store

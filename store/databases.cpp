@@ -1,0 +1,98 @@
+#include "store/databases.h"
+
+#include <memory>
+
+#include "platform/error.h"
+
+namespace store {
+
+namespace {
+
+using platform::RuntimeError;
+using platform::TableRecordset;
+
+constexpr const char* kStoreFile = "\\Kassovia.mdb";
+constexpr const char* kWorkFile = "\\KVDayEndServer.mdb";
+constexpr const char* kProvider = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=";
+constexpr const char* kPrimaryKey = "PrimaryKey";
+
+void ShowIndexProblem(const RuntimeError& error, platform::Operator& theOperator,
+                      const std::string& appTitle) {
+    theOperator.Show({appTitle,
+                      "Problemer med indeksering. Ta en backup og kjør deretter reindeksering fra "
+                      "System-menyen.\n" +
+                          std::to_string(error.Number()) + "\n" + error.Description(),
+                      platform::Icon::Exclamation});
+}
+
+bool OperatorWantsToEnd(const RuntimeError& error, platform::Operator& theOperator,
+                        const std::string& appTitle) {
+    const platform::Answer answer =
+        theOperator.Ask({appTitle,
+                         std::to_string(error.Number()) + " - " + error.Description() +
+                             "\n\nSkal programmet avsluttes?",
+                         platform::Icon::None, platform::Answer::Yes});
+    return answer == platform::Answer::Yes;
+}
+
+struct TableToOpen {
+    const char* name;
+    platform::ObjectVariable<TableRecordset> Databases::*handle;
+    bool withPrimaryKey;
+};
+
+constexpr TableToOpen kTables[] = {
+    {"Products", &Databases::ProductsTable, true},
+    {"Customers", &Databases::CustomersTable, true},
+    {"PriceMatrix", &Databases::PriceMatrixTable, false},
+    {"SelBuy", &Databases::SelBuyTable, true},
+    {"Sales", &Databases::SalesTable, false},
+    {"SalesLines", &Databases::SalesLinesTable, false},
+    {"Options", &Databases::OptionsTable, false},
+    {"Tax", &Databases::TaxTable, false},
+};
+
+// Runs one step of opening under the error trap.
+template <class Step>
+AfterOpening Try(Step&& step, platform::Operator& theOperator, const std::string& appTitle) {
+    try {
+        step();
+    } catch (const RuntimeError& error) {
+        if (error.Number() == platform::error_number::kNoSuchIndex) {
+            ShowIndexProblem(error, theOperator, appTitle);
+        } else if (OperatorWantsToEnd(error, theOperator, appTitle)) {
+            return AfterOpening::EndProgram;
+        }
+    }
+    return AfterOpening::GoOn;
+}
+
+}  // namespace
+
+void OpenConnections(platform::DatabaseEngine& engine, const std::string& datapath,
+                     Databases& databases) {
+    databases.PosWorkspace = std::make_unique<platform::Workspace>(engine, "Kassovia", "admin", "");
+    databases.StoreDatabase = databases.PosWorkspace->OpenDatabase(datapath + kStoreFile);
+    databases.StoreConnection = engine.OpenConnection(kProvider + datapath + kStoreFile);
+    databases.WorkConnection = engine.OpenConnection(kProvider + datapath + kWorkFile);
+}
+
+AfterOpening OpenTables(Databases& databases, platform::Operator& theOperator,
+                        const std::string& appTitle) {
+    for (const TableToOpen& table : kTables) {
+        platform::ObjectVariable<TableRecordset>& handle = databases.*table.handle;
+        const auto open = [&] { handle = databases.StoreDatabase->OpenTable(table.name); };
+        if (Try(open, theOperator, appTitle) == AfterOpening::EndProgram) {
+            return AfterOpening::EndProgram;
+        }
+        if (!table.withPrimaryKey) continue;
+        // Also after a table that did not open: its index is then the second thing that fails.
+        const auto setIndex = [&] { handle->SetIndex(kPrimaryKey); };
+        if (Try(setIndex, theOperator, appTitle) == AfterOpening::EndProgram) {
+            return AfterOpening::EndProgram;
+        }
+    }
+    return AfterOpening::GoOn;
+}
+
+}  // namespace store

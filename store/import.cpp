@@ -1,0 +1,75 @@
+#include "store/import.h"
+
+#include <optional>
+#include <vector>
+
+#include "platform/error.h"
+#include "platform/recordset_file/reader.h"
+#include "store/data_set.h"
+
+namespace store {
+
+namespace {
+
+using platform::RecordsetFileReader;
+using platform::RuntimeError;
+using platform::TableAppender;
+using platform::Value;
+
+struct ImportedTable {
+    const char* name;
+    const char* deletion;
+};
+
+constexpr ImportedTable kSales = {"Sales", "DELETE * FROM Sales"};
+constexpr ImportedTable kSalesLines = {"SalesLines", "DELETE * FROM SalesLines"};
+
+void AppendRow(const std::vector<Value>& row, TableAppender& table) {
+    for (int i = 0; i < table.FieldCount(); ++i) {
+        if (static_cast<std::size_t>(i) >= row.size()) {
+            throw RuntimeError(platform::error_number::kFieldNotFound,
+                               "Item not found: the file has no column " + std::to_string(i + 1) +
+                                   " for " + table.FieldName(i));
+        }
+        table.Set(i, row[static_cast<std::size_t>(i)]);
+    }
+    table.Save();
+}
+
+// Copies the rows up to the first one that the table refuses, whose error is the answer. The file
+// is read to its end in any case: a malformed file outweighs a refused row.
+std::optional<RuntimeError> CopyRows(RecordsetFileReader& file, const std::string& fileName,
+                                     TableAppender& table) {
+    std::optional<RuntimeError> refusal;
+    std::vector<Value> row;
+    while (file.Next(row)) {
+        if (refusal) continue;
+        try {
+            AppendRow(row, table);
+        } catch (const RuntimeError& error) {
+            refusal = error.At(fileName + ", record " + std::to_string(file.RecordNumber()));
+        }
+    }
+    return refusal;
+}
+
+void ImportFile(const std::string& fileName, const ImportedTable& table,
+                platform::Database& workConnection) {
+    RecordsetFileReader file(fileName);
+    // One transaction from the emptying on: a file that turns out malformed leaves the old rows.
+    const auto transaction = workConnection.BeginTransaction();
+    workConnection.Execute(table.deletion);
+    const auto appender = workConnection.OpenAppender(table.name);
+    const std::optional<RuntimeError> refusal = CopyRows(file, fileName, *appender);
+    transaction->Commit();
+    if (refusal) throw RuntimeError(*refusal);
+}
+
+}  // namespace
+
+void ImportDataSet(const std::string& currentDataSetName, platform::Database& workConnection) {
+    ImportFile(SalesFileName(currentDataSetName), kSales, workConnection);
+    ImportFile(SalesLinesFileName(currentDataSetName), kSalesLines, workConnection);
+}
+
+}  // namespace store

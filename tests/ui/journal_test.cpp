@@ -1,0 +1,64 @@
+#include "ui/journal.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/expect_error.h"
+#include "tests/support/fixed_clock.h"
+#include "tests/support/scripted_operator.h"
+#include "tests/support/temp_folder.h"
+
+using platform::Answer;
+using platform::Icon;
+
+TEST(Journal, RecordsWhatIsShownAskedAndAnswered) {
+    const support::TempFolder folder;
+    support::ScriptedOperator person;
+    person.answers = {Answer::No};
+    person.inputs = {"9999", "hemmelig"};
+    folder.Write("journal", "before\n");
+    const support::FixedClock clock;
+    {
+        ui::Journal journal(folder.File("journal"), person, clock);
+        journal.ShowStatusLine("Starter \"Æ\"");
+        journal.Show({std::nullopt, "a\nb", Icon::Information});
+        EXPECT_EQ(journal.Ask({"Tittel", "Skal?", Icon::None, Answer::Yes}), Answer::No);
+        EXPECT_EQ(journal.Prompt({"Kontonummer", "Hvilken?", "1920", false}), "9999");
+        EXPECT_EQ(journal.Prompt({"Pålogging", "Passord?", "", true}), "hemmelig");
+        journal.DayEndCommandStarted("ferdig.sh");
+        journal.ShowStatusLine("not UTF-8: \xFF");
+        journal.ReportFatal(platform::RuntimeError(3704, "closed"));
+    }
+    const std::string time = R"({"time":"2005-11-16T14:07:33","event":)";
+    EXPECT_EQ(folder.Read("journal"),
+              "before\n" + time +
+                  R"("status","text":"Starter \"Æ\""})"
+                  "\n" +
+                  time +
+                  R"("message","title":null,"text":"a\nb","icon":"information"})"
+                  "\n" +
+                  time +
+                  R"("question","title":"Tittel","text":"Skal?","icon":"none","default":"yes",)"
+                  R"("answer":"no"})"
+                  "\n" +
+                  time +
+                  R"("prompt","title":"Kontonummer","text":"Hvilken?","default":"1920",)"
+                  R"("answer":"9999"})"
+                  "\n" +
+                  time +
+                  R"("prompt","title":"Pålogging","text":"Passord?","default":"","answer":"***"})"
+                  "\n" +
+                  time +
+                  R"("command","text":"ferdig.sh"})"
+                  "\n" +
+                  time + "\"status\",\"text\":\"not UTF-8: \xEF\xBF\xBD\"}\n" + time +
+                  R"("fatal","number":3704,"text":"closed"})"
+                  "\n");
+    EXPECT_EQ(person.fatal, std::vector<int>{3704});
+}
+
+TEST(Journal, AFileThatCanNotBeOpenedIsAnError) {
+    const support::TempFolder folder;
+    support::ScriptedOperator person;
+    const support::FixedClock clock;
+    support::ExpectError(53, [&] { ui::Journal(folder.File("no/journal"), person, clock); });
+}

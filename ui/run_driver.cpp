@@ -1,0 +1,94 @@
+#include "ui/run_driver.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/error.h"
+#include "platform/norwegian.h"
+#include "platform/text.h"
+#include "store/data_set.h"
+
+namespace ui {
+
+RunDriver::RunDriver(const app::AppSettings& appSettings, frmMain& window, RunState& runState,
+                     Transfers transfers, platform::Operator& theOperator,
+                     const platform::Clock& clock, platform::ProcessStarter& processStarter)
+    : appSettings_(appSettings),
+      window_(window),
+      runState_(runState),
+      transfers_(std::move(transfers)),
+      operator_(theOperator),
+      clock_(clock),
+      processStarter_(processStarter) {}
+
+void RunDriver::StartDayEnd() {
+    if (!AnythingSelected()) return;
+    for (ListEntry& entry : window_.ListDayEnd) {
+        if (!entry.isSelected) continue;
+        ProcessDataSet(entry.text);
+        entry.isSelected = false;
+    }
+    if (platform::Trim(appSettings_.DayEndCommand).empty()) {
+        RefreshWindow();
+        return;
+    }
+    StartDayEndCommand();
+    try {
+        RefreshWindow();
+    } catch (const platform::RuntimeError&) {
+        // Where a command is configured, nothing after it may stop the server.
+    }
+}
+
+bool RunDriver::AnythingSelected() const {
+    return std::any_of(window_.ListDayEnd.begin(), window_.ListDayEnd.end(),
+                       [](const ListEntry& entry) { return entry.isSelected; });
+}
+
+void RunDriver::ProcessDataSet(const std::string& displayName) {
+    runState_.CurrentDataSetName = store::DataSetNameOf(displayName);
+    window_.AppendStatusLine("Starter behandling av datasett " + displayName + ", " +
+                             platform::ToText(clock_.Now()) + ".");
+    runState_.DataSetHasErrors = false;
+    TransferCurrentDataSet();
+    if (runState_.DataSetHasErrors) {
+        anyDataSetHadErrors_ = true;
+        window_.AppendStatusLine(platform::Upper("Datasett " + displayName +
+                                                 " er ferdig behandlet MED FEIL!, " +
+                                                 platform::ToText(clock_.Now()) + "."));
+    } else {
+        window_.AppendStatusLine("Datasett " + displayName + " er ferdig behandlet, " +
+                                 platform::ToText(clock_.Now()) + ".");
+    }
+}
+
+void RunDriver::TransferCurrentDataSet() {
+    // The setting as it stands: "sap" or " SAP" means the file export.
+    if (appSettings_.AccountingSystem == "SAP") {
+        transfers_.TransferDataSetToSAP(runState_.CurrentDataSetName);
+    } else {
+        transfers_.ExportDataSet(runState_.CurrentDataSetName);
+    }
+}
+
+void RunDriver::StartDayEndCommand() {
+    bool started = false;
+    try {
+        started = processStarter_.Start(appSettings_.DayEndCommand);
+    } catch (const platform::RuntimeError&) {
+        // No command may stop the server; the operator is told below.
+    }
+    if (started) {
+        operator_.DayEndCommandStarted(appSettings_.DayEndCommand);
+    } else {
+        operator_.Show(
+            {appSettings_.AppTitle, "Kommandoen lot seg ikke kjøre", platform::Icon::Exclamation});
+    }
+}
+
+void RunDriver::RefreshWindow() {
+    window_.File.Refresh();
+    window_.RefreshDataSetList();
+}
+
+}  // namespace ui

@@ -1,0 +1,115 @@
+#include "ui/terminal/terminal_operator.h"
+
+#include <termios.h>
+#include <unistd.h>
+
+#include <istream>
+#include <ostream>
+
+#include "platform/text.h"
+
+namespace ui {
+
+namespace {
+
+using platform::Answer;
+
+// Switches the echo of the terminal off for as long as it lives.
+class SilentInput {
+  public:
+    explicit SilentInput(bool wanted) {
+        isSilent_ = wanted && tcgetattr(STDIN_FILENO, &before_) == 0;
+        if (!isSilent_) return;
+        termios silent = before_;
+        silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
+    }
+    ~SilentInput() {
+        if (isSilent_) tcsetattr(STDIN_FILENO, TCSAFLUSH, &before_);
+    }
+    SilentInput(const SilentInput&) = delete;
+    SilentInput& operator=(const SilentInput&) = delete;
+
+    [[nodiscard]] bool IsSilent() const { return isSilent_; }
+
+  private:
+    termios before_{};
+    bool isSilent_ = false;
+};
+
+std::optional<Answer> AnswerOf(const std::string& line, Answer defaultAnswer) {
+    const std::string word = platform::Upper(platform::Trim(line));
+    if (word.empty()) return defaultAnswer;
+    if (word == "J" || word == "JA" || word == "Y" || word == "YES") return Answer::Yes;
+    if (word == "N" || word == "NEI" || word == "NO") return Answer::No;
+    return std::nullopt;
+}
+
+}  // namespace
+
+TerminalOperator::TerminalOperator(TerminalStreams streams, Attendance attendance)
+    : streams_(streams), attendance_(attendance) {}
+
+void TerminalOperator::Show(const platform::Notice& notice) {
+    if (notice.title) Print(*notice.title);
+    Print(notice.text);
+    if (attendance_ == Attendance::Person) (void)ReadLine("[Enter] ");
+}
+
+Answer TerminalOperator::Ask(const platform::Question& question) {
+    if (question.title) Print(*question.title);
+    const std::string choice = question.defaultAnswer == Answer::Yes ? " [J/n] " : " [j/N] ";
+    std::optional<Answer> answer;
+    while (!answer) {
+        answer = AnswerOf(ReadLine(question.text + choice).value_or(""), question.defaultAnswer);
+    }
+    return *answer;
+}
+
+std::string TerminalOperator::Prompt(const platform::InputRequest& request) {
+    Print(request.title);
+    const std::string shownDefault =
+        request.defaultText.empty() ? "" : " [" + request.defaultText + "]";
+    if (attendance_ == Attendance::Nobody) {
+        Print(request.text + shownDefault);
+        return request.defaultText;
+    }
+    std::optional<std::string> line;
+    {
+        const SilentInput silent(request.isPassword && attendance_ == Attendance::Person);
+        line = ReadLine(request.text + shownDefault + " ");
+        if (silent.IsSilent()) Print("");
+    }
+    if (!line) return {};  // the end of input cancels
+    return line->empty() ? request.defaultText : *line;
+}
+
+void TerminalOperator::ShowStatusLine(std::string_view line) {
+    Print(line);
+}
+
+void TerminalOperator::DayEndCommandStarted(std::string_view commandLine) {
+    Print("Startet: " + std::string(commandLine));
+}
+
+void TerminalOperator::ReportFatal(const platform::RuntimeError& error) {
+    streams_.errors << "Run-time error '" << error.Number() << "':\n\n"
+                    << error.Description() << std::endl;
+}
+
+std::optional<std::string> TerminalOperator::ReadLine(const std::string& prompt) {
+    streams_.output << prompt << std::flush;
+    std::string line;
+    const bool hasLine = attendance_ != Attendance::Nobody && std::getline(streams_.input, line);
+    // Only a person at a terminal has ended the line by pressing Enter.
+    if (attendance_ != Attendance::Person || !hasLine) streams_.output << std::endl;
+    if (!hasLine) return std::nullopt;
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    return line;
+}
+
+void TerminalOperator::Print(std::string_view line) {
+    streams_.output << line << std::endl;
+}
+
+}  // namespace ui
