@@ -1,0 +1,49 @@
+// The accounting file export: turns one data set into the voucher file and the order file.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/app_settings.h"
+#include "fileexport/record_writer.h"
+#include "platform/clock.h"
+#include "platform/operator.h"
+#include "platform/text_file.h"
+#include "store/databases.h"
+#include "ui/frm_main.h"
+#include "ui/run_state.h"
+
+namespace fileexport {
+
+class ExportRun {
+  public:
+    ExportRun(const app::AppSettings& appSettings, const store::Databases& databases,
+              ui::RunState& runState, ui::frmMain& window, platform::Operator& theOperator,
+              const platform::Clock& clock, platform::TextFiles& textFiles);
+
+    // Exports one data set. Both import files are built as working copies (".tmp") and take the
+    // configured names only when the operator says Yes at the end. The answer is always false.
+    bool ExportDataSet(const std::string& dataSetName);
+
+  private:
+    void OpenSales(const std::string& dataSetName);
+    void OpenVoucherFile();
+    void OpenOrderFile();
+    [[nodiscard]] bool OperatorWantsOverwriting();
+    void PlaceImportFiles();
+    void DiscardVoucherFile();
+
+    const app::AppSettings& appSettings_;
+    const store::Databases& databases_;
+    ui::RunState& runState_;
+    ui::frmMain& window_;
+    platform::Operator& operator_;
+    const platform::Clock& clock_;
+    platform::TextFiles& textFiles_;
+
+    std::unique_ptr<platform::TextFile> voucherFile_;
+    std::unique_ptr<platform::TextFile> orderFile_;  // stays open after a No: see ExportDataSet
+    RecordCounter recordCounter_ = 0;
+};
+
+}  // namespace fileexport

@@ -1,0 +1,137 @@
+#include "fileexport/export_run.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <sstream>
+
+#include "tests/support/expect_error.h"
+#include "tests/support/test_shop.h"
+
+using platform::Answer;
+using support::ExpectError;
+using support::TestShop;
+
+namespace {
+
+class Export : public testing::Test {
+  protected:
+    Export() { shop.WriteDataSet("K", {{}}, {{}}); }
+
+    void RunExport(const std::string& dataSet, std::initializer_list<Answer> answers) {
+        shop.theOperator.answers = answers;
+        EXPECT_FALSE(exportRun.ExportDataSet(dataSet));
+    }
+
+    // How many of each kind of line an import file holds.
+    [[nodiscard]] std::string Count(const std::string& fileName) const {
+        if (!shop.folder.Has(fileName)) return "none";
+        std::map<char, int> counts;
+        std::istringstream text(shop.Text(fileName));
+        for (std::string line; std::getline(text, line);) {
+            if (!line.empty()) ++counts[line.front()];
+        }
+        std::string result;
+        for (const auto& [kind, count] : counts)
+            result += kind + std::to_string(count) + " ";
+        return result;
+    }
+
+    TestShop shop;
+    fileexport::ExportRun exportRun{shop.settings,    shop.databases, shop.runState, shop.window,
+                                    shop.theOperator, shop.clock,     shop.textFiles};
+};
+
+constexpr Answer kYes = Answer::Yes;
+constexpr Answer kNo = Answer::No;
+
+}  // namespace
+
+TEST_F(Export, YesPlacesBothFilesAndMarksTheDataSet) {
+    RunExport("K", {kYes});
+    EXPECT_EQ(Count("bilag.txt"), "\"2 @2 ");
+    EXPECT_EQ(Count("ordre.edi"), "71 H1 L1 ");
+    EXPECT_FALSE(shop.folder.Has("bilag.txt.tmp"));
+    EXPECT_FALSE(shop.folder.Has("ordre.edi.tmp"));
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML.200511161433.ferdig"));
+    EXPECT_TRUE(shop.folder.Has("KDayEndSalesLines.XML.200511161433.ferdig"));
+    EXPECT_FALSE(shop.folder.Has("KDayEndSales.XML"));
+}
+
+TEST_F(Export, AnExistingVoucherFileIsKeptOrReplacedAnOrderFileAlwaysExtended) {
+    shop.folder.Write("BILAG.txt", "gammel\r\n");
+    shop.folder.Write("ordre.edi", "gammel\r\n");
+    RunExport("K", {kNo, kYes});
+    EXPECT_EQ(Count("BILAG.txt"), "\"2 @2 g1 ");
+    EXPECT_EQ(Count("ordre.edi"), "H1 L1 g1 ");
+    EXPECT_FALSE(shop.theOperator.asked[0].title);
+    EXPECT_EQ(shop.theOperator.asked[0].defaultAnswer, kNo);
+
+    shop.WriteDataSet("K", {{}}, {{}});
+    RunExport("K", {kYes, kYes});
+    EXPECT_EQ(Count("BILAG.txt"), "\"2 @2 ");
+    shop.WriteDataSet("K", {{}}, {{}});
+    shop.settings.Overwrite = "1";
+    RunExport("K", {kYes});
+    EXPECT_EQ(Count("BILAG.txt"), "\"2 @2 ");
+    EXPECT_EQ(Count("ordre.edi"), "H3 L3 g1 ");
+}
+
+TEST_F(Export, NoLeavesTheConfiguredFilesAndTheNextDataSetFails) {
+    shop.folder.Write("bilag.txt", "gammel\r\n");
+    shop.InStore("INSERT INTO Products (ID, Status) VALUES ('P1', 1)");
+    RunExport("K", {kYes, kNo});
+    EXPECT_EQ(shop.folder.Read("bilag.txt"), "gammel\r\n");
+    EXPECT_FALSE(shop.folder.Has("bilag.txt.tmp"));
+    EXPECT_FALSE(shop.folder.Has("ordre.edi"));
+    EXPECT_TRUE(shop.folder.Has("ordre.edi.tmp"));
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+    EXPECT_EQ(shop.AskStore("SELECT Status FROM Products"), "0");
+    EXPECT_EQ(shop.AskStore("SELECT NextVoucherNo FROM Options"), "501");
+
+    shop.theOperator.answers = {kYes};
+    ExpectError(55, [&] { exportRun.ExportDataSet("K"); });
+    EXPECT_TRUE(shop.folder.Has("bilag.txt.tmp"));
+    EXPECT_EQ(shop.folder.Read("bilag.txt"), "gammel\r\n");
+}
+
+TEST_F(Export, MissingFilesAreToldAndNothingIsTouched) {
+    shop.folder.Write("bilag.txt", "gammel\r\n");
+    std::filesystem::remove("KDayEndSalesLines.XML");
+    RunExport("K", {});
+    RunExport("Borte", {});
+    EXPECT_EQ(shop.window.List,
+              (std::vector<std::string>{
+                  "Finner ikke filen med salgslinjer. Avslutter behandling av datasett.",
+                  "Finner ikke filen med salg. Avslutter behandling av datasett."}));
+    EXPECT_FALSE(shop.runState.PersistConnection);
+}
+
+TEST_F(Export, ADayWithoutSalesChangesNoFile) {
+    shop.WriteDataSet("K", {}, {{}});
+    RunExport("K", {});
+    EXPECT_EQ(Count("bilag.txt.tmp"), "none");
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+    EXPECT_EQ(shop.AskWork("SELECT count(*) FROM SalesLines"), "1");
+}
+
+TEST_F(Export, AFolderThatIsNotThereIsAnErrorThatNamesIt) {
+    shop.settings.EDIFileName = "ingen\\ordre.edi";
+    shop.folder.Write("bilag.txt", "gammel\r\n");
+    shop.settings.Overwrite = "1";
+    const std::string text = ExpectError(76, [&] { exportRun.ExportDataSet("K"); });
+    EXPECT_NE(text.find("ingen"), std::string::npos) << text;
+    EXPECT_EQ(shop.folder.Read("bilag.txt"), "gammel\r\n");
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+}
+
+TEST_F(Export, WhatIsCollectedIsWrittenAlsoAfterAnError) {
+    shop.WriteDataSet("K", {{.type = 0}}, {{}});
+    {
+        fileexport::ExportRun failing(shop.settings, shop.databases, shop.runState, shop.window,
+                                      shop.theOperator, shop.clock, shop.textFiles);
+        ExpectError(3704, [&] { failing.ExportDataSet("K"); });
+    }
+    EXPECT_NE(shop.Text("bilag.txt.tmp").find("@WaVo"), std::string::npos);
+    EXPECT_EQ(Count("bilag.txt"), "none");
+}
