@@ -1,0 +1,58 @@
+#include "app/options.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+
+namespace app {
+
+namespace {
+
+constexpr int kExitUsage = 2;
+
+std::string FolderOfExecutable() {
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
+}
+
+std::string Absolute(const std::string& path) {
+    return path.empty() ? path : std::filesystem::absolute(path).lexically_normal().string();
+}
+
+void AddTerminalOptions(CLI::App& parser, Options& options) {
+    parser.add_flag("--list", options.list, "Print the waiting data sets, one a line, and end");
+    parser.add_option("--select", options.select, "Select the data set NAME; may be repeated")
+        ->type_name("NAME")
+        ->expected(1)
+        ->take_all();
+    parser.add_flag("--all", options.all, "Select every waiting data set");
+    parser.add_flag("--unattended", options.unattended,
+                    "Read no answers: default buttons and default texts");
+}
+
+}  // namespace
+
+ParsedOptions ParseOptions(Program program, int argc, const char* const* argv) {
+    const bool isTerminal = program == Program::Terminal;
+    CLI::App parser("Day-end settlement server for the Kassovia point-of-sale system",
+                    isTerminal ? "kvdayend" : "KVDayEndServer");
+    parser.set_version_flag("--version", KV_VERSION);
+    Options options;
+    parser
+        .add_option("--folder", options.folder,
+                    "The program folder: profile files and waiting data sets (default: the folder "
+                    "of the executable)")
+        ->type_name("DIR");
+    parser.add_option("--journal", options.journal, "Append every operator-visible event to FILE")
+        ->type_name("FILE");
+    if (isTerminal) AddTerminalOptions(parser, options);
+
+    try {
+        parser.parse(argc, argv);
+    } catch (const CLI::ParseError& outcome) {
+        return {std::nullopt, parser.exit(outcome) == 0 ? 0 : kExitUsage};
+    }
+    options.folder = options.folder.empty() ? FolderOfExecutable() : Absolute(options.folder);
+    options.journal = Absolute(options.journal);
+    return {options, 0};
+}
+
+}  // namespace app

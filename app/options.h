@@ -1,0 +1,33 @@
+// The command line of both programs.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace app {
+
+struct Options {
+    std::string folder;   // the program folder, absolute
+    std::string journal;  // empty: no journal
+
+    // kvdayend alone
+    bool list = false;
+    bool all = false;
+    bool unattended = false;
+    std::vector<std::string> select;
+};
+
+enum class Program { Window, Terminal };
+
+// Either the options, or the exit status with which to end (0 after --help and --version, 2 after
+// wrong usage, which is told on standard error).
+struct ParsedOptions {
+    std::optional<Options> options;
+    int exitStatus = 0;
+};
+
+// Relative paths are taken from the current directory, before start-up changes it.
+[[nodiscard]] ParsedOptions ParseOptions(Program program, int argc, const char* const* argv);
+
+}  // namespace app

@@ -1,0 +1,48 @@
+#include "app/start_up.h"
+
+#include <utility>
+
+#include "platform/error.h"
+#include "platform/files.h"
+
+namespace app {
+
+StartUp::StartUp(std::string programFolder, const Surroundings& surroundings)
+    : programFolder_(std::move(programFolder)),
+      surroundings_(surroundings),
+      window_(appSettings_, surroundings.theOperator),
+      exportRun_(appSettings_, databases_, runState_, window_, surroundings.theOperator,
+                 surroundings.clock, textFiles_),
+      runDriver_(appSettings_, window_, runState_, MakeTransfers(), surroundings.theOperator,
+                 surroundings.clock, surroundings.processStarter) {}
+
+AfterStartUp StartUp::Main() {
+    platform::ChangeDirectory(programFolder_);
+    ReadSettings();
+    store::OpenConnections(surroundings_.databaseEngine, appSettings_.Datapath, databases_);
+    if (store::OpenTables(databases_, surroundings_.theOperator, appSettings_.AppTitle) ==
+        store::AfterOpening::EndProgram) {
+        return AfterStartUp::EndProgram;
+    }
+    DeriveAccountingFlags(appSettings_);
+    window_.Load();
+    return AfterStartUp::Run;
+}
+
+void StartUp::ReadSettings() {
+    INIClass iniFile(surroundings_.profileFunctions);
+    ReadServerSettings(iniFile, programFolder_, appSettings_);
+    appSettings_.AppTitle = "Dagsoppgjør for Kassovia";
+    ReadStoreSettings(iniFile, programFolder_, surroundings_.clock, appSettings_);
+}
+
+ui::Transfers StartUp::MakeTransfers() {
+    return {[this](const std::string& dataSetName) { return exportRun_.ExportDataSet(dataSetName); },
+            [](const std::string& dataSetName) -> bool {
+                throw platform::RuntimeError(
+                    platform::error_number::kObjectNotSet,
+                    "The SAP transfer is not part of this program yet: " + dataSetName);
+            }};
+}
+
+}  // namespace app

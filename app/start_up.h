@@ -1,0 +1,60 @@
+// Start-up: puts the program together, and owns everything process-wide for as long as it runs.
+#pragma once
+
+#include <string>
+
+#include "app/app_settings.h"
+#include "fileexport/export_run.h"
+#include "platform/clock.h"
+#include "platform/database/database.h"
+#include "platform/operator.h"
+#include "platform/process.h"
+#include "platform/text_file.h"
+#include "store/databases.h"
+#include "ui/frm_main.h"
+#include "ui/run_driver.h"
+#include "ui/run_state.h"
+
+namespace app {
+
+// The world outside, handed in by the program or by a test.
+struct Surroundings {
+    platform::Operator& theOperator;
+    platform::Clock& clock;
+    platform::ProcessStarter& processStarter;
+    platform::ProfileFunctions& profileFunctions;
+    platform::DatabaseEngine& databaseEngine;
+};
+
+enum class AfterStartUp { Run, EndProgram };
+
+class StartUp {
+  public:
+    // `programFolder` is absolute.
+    StartUp(std::string programFolder, const Surroundings& surroundings);
+
+    // The start-up sequence, up to the loaded main window. EndProgram when the operator chose to end
+    // it over a table that did not open. Errors leave it.
+    [[nodiscard]] AfterStartUp Main();
+
+    [[nodiscard]] const AppSettings& Settings() const { return appSettings_; }
+    [[nodiscard]] ui::frmMain& Window() { return window_; }
+    [[nodiscard]] ui::RunDriver& Driver() { return runDriver_; }
+
+  private:
+    void ReadSettings();
+    [[nodiscard]] ui::Transfers MakeTransfers();
+
+    std::string programFolder_;
+    Surroundings surroundings_;
+
+    AppSettings appSettings_;
+    store::Databases databases_;
+    platform::TextFiles textFiles_;
+    ui::frmMain window_;
+    ui::RunState runState_;
+    fileexport::ExportRun exportRun_;
+    ui::RunDriver runDriver_;
+};
+
+}  // namespace app
