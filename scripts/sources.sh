@@ -1,0 +1,9 @@
+# shellcheck shell=bash
+# The sources that the style checks look at. Sourced from the root of the project.
+
+# list_sources PATTERN...: the files of the project whose names match, one a line.
+list_sources() {
+    local pattern names=()
+    for pattern in "$@"; do names+=(-o -name "$pattern"); done
+    find app bench demo fileexport platform sap store tests ui -type f \( "${names[@]:1}" \) | sort
+}
