@@ -14,6 +14,7 @@
 #include "platform/code_page.h"
 #include "platform/database/sqlite_engine.h"
 #include "platform/norwegian.h"
+#include "platform/text.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temp_folder.h"
 
@@ -83,8 +84,7 @@ class Day : public testing::TestWithParam<std::string> {
                 continue;
             }
             std::string content = ReadFile(entry.path());
-            const bool isDataSet = name.extension() != ".ini" && name.extension() != ".txt" &&
-                                   name.extension() != ".edi";
+            const bool isDataSet = platform::EqualsIgnoreCase(name.extension().string(), ".xml");
             if (!isDataSet) content = platform::EncodeWindows1252(WithCrLf(content));
             shop.Write(name.string(), content);
         }
