@@ -63,10 +63,18 @@ Value ForwardRecordset::Get(int position) const {
                        "Item not found: no field at position " + std::to_string(position));
 }
 
-void ForwardRecordset::Edit() { ThrowForwardOnly(); }
-void ForwardRecordset::Set(std::string_view /*field*/, Value /*value*/) { ThrowForwardOnly(); }
-void ForwardRecordset::Update() { ThrowForwardOnly(); }
-void ForwardRecordset::SetFilter(std::string_view /*filter*/) { ThrowForwardOnly(); }
+void ForwardRecordset::Edit() {
+    ThrowForwardOnly();
+}
+void ForwardRecordset::Set(std::string_view /*field*/, Value /*value*/) {
+    ThrowForwardOnly();
+}
+void ForwardRecordset::Update() {
+    ThrowForwardOnly();
+}
+void ForwardRecordset::SetFilter(std::string_view /*filter*/) {
+    ThrowForwardOnly();
+}
 
 void ForwardRecordset::Close() {
     RequireOpen();

@@ -21,15 +21,14 @@ constexpr std::string_view kForceNull = "forcenull";
     throw RuntimeError(error_number::kInvalidFileFormat, description);
 }
 
-// The columns in the order of the fields: by number, equal numbers as in the document.
+// The columns in the order of the fields: by number, equal numbers as in the document
+// or, where the columns are references, as these.
 std::vector<std::size_t> FieldOrder(const RecordsetSchema& schema) {
     std::vector<std::size_t> order(schema.columns.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
-    if (!schema.ordered) {
-        std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
-            return schema.columns[left].number < schema.columns[right].number;
-        });
-    }
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+        return schema.columns[left].number < schema.columns[right].number;
+    });
     return order;
 }
 

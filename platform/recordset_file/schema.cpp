@@ -173,7 +173,6 @@ RecordsetSchema SchemaBuilder::Finish() {
     if (!rowType_) Refuse("the schema declares no columns.");
     RecordsetSchema schema;
     schema.rowName = rowType_->name;
-    schema.ordered = !rowType_->references.empty();
     std::set<std::string> aliases;
     long number = 0;
     for (const Declaration& member : Members()) {

@@ -27,8 +27,7 @@ struct SchemaColumn {
 
 struct RecordsetSchema {
     std::string rowName;                // of the row elements
-    std::vector<SchemaColumn> columns;  // in the order of the document
-    bool ordered = false;               // by references: that order counts, not the numbers
+    std::vector<SchemaColumn> columns;  // in the order of the document, or of the references
 };
 
 // Takes what stands inside the schema element. Errors are 321 without a place.

@@ -174,14 +174,23 @@ TEST_F(ReaderTest, ColumnsInTheShortForm) {
     EXPECT_EQ(content.rows, (Rows{{1, "x"}}));
 }
 
-TEST_F(ReaderTest, ColumnsByReferenceComeInTheOrderOfTheReferences) {
-    const Content content = Read(Document(
-        "<s:ElementType name='row'><s:attribute type='b'/><s:attribute s:type='A'/>"
-        "</s:ElementType><s:AttributeType name='a' rs:number='1' dt:type='int'/>"
-        "<s:AttributeType name='unused'/><s:AttributeType name='b' rs:number='2' rs:name='Name'/>",
-        "<rs:data><z:row a='1' b='x' unused='y'/></rs:data>"));
+TEST_F(ReaderTest, ColumnsByReferenceComeInTheirOrderUnlessNumbersSayElse) {
+    const auto document = [](const std::string& a, const std::string& b) {
+        return Document(
+            "<s:ElementType name='row'><s:attribute type='b'/>"
+            "<s:attribute s:type='A'/></s:ElementType>"
+            "<s:AttributeType name='a' dt:type='int'" +
+                a +
+                "/>"
+                "<s:AttributeType name='unused'/>"
+                "<s:AttributeType name='b' rs:name='Name'" +
+                b + "/>",
+            "<rs:data><z:row a='1' b='x' unused='y'/></rs:data>");
+    };
+    const Content content = Read(document("", ""));
     EXPECT_EQ(content.fields, (std::vector<std::string>{"Name", "a"}));
     EXPECT_EQ(content.rows, (Rows{{"x", 1}}));
+    EXPECT_EQ(Read(document(" rs:number='1'", " rs:number='2'")).rows, (Rows{{1, "x"}}));
 }
 
 TEST_F(ReaderTest, ColumnsComeByNumberAndHiddenOnesAreNoFields) {
