@@ -101,7 +101,8 @@ Value ClientRecordset::Get(int position) const {
 }
 
 void ClientRecordset::Edit() {
-    change_ = Change{rowSet_->rows[CurrentPlace()], {}};
+    const std::size_t place = CurrentPlace();
+    change_ = Change{rowSet_->rows[place], {}};
 }
 
 void ClientRecordset::Set(std::string_view field, Value value) {

@@ -16,9 +16,10 @@ const char* const kEveryRow = "true";
 
 // The key as a column of that type would hold it; null where no row can have it.
 Value SoughtKey(const Value& key, FieldType type) {
-    const bool numeric = type == FieldType::Whole || type == FieldType::Floating;
-    if (!numeric) return Fitted(key, type).value_or(Value());
-    return Fitted(key, FieldType::Floating).value_or(Value());
+    // A key with a fraction must not find the whole number that it would be stored as.
+    const bool mayRound = type == FieldType::Whole && key.AsWhole() == nullptr;
+    const std::optional<Value> fitted = Fitted(key, mayRound ? FieldType::Floating : type);
+    return fitted ? Value(*fitted) : Value();
 }
 
 }  // namespace
