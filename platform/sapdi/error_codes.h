@@ -1,0 +1,12 @@
+// The error codes that the local company gives, under the numbers of the real one.
+#pragma once
+
+namespace platform::sapdi::error_code {
+
+inline constexpr int kNotAccepted = -10;         // server, company database or user
+inline constexpr int kNoMatchingRecord = -2028;  // a customer or item that there is not
+inline constexpr int kCodeExists = -2035;
+inline constexpr int kTransactionState = -2038;  // one is open already, or none is
+inline constexpr int kInvalidValue = -5002;
+
+}  // namespace platform::sapdi::error_code
