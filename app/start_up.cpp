@@ -13,6 +13,8 @@ StartUp::StartUp(std::string programFolder, const Surroundings& surroundings)
       window_(appSettings_, surroundings.theOperator),
       exportRun_(appSettings_, databases_, runState_, window_, surroundings.theOperator,
                  surroundings.clock, textFiles_),
+      sapTransfer_({appSettings_, databases_, runState_, sapObjects_, surroundings.theOperator},
+                   window_, surroundings.clock, surroundings.sapConnector),
       runDriver_(appSettings_, window_, runState_, MakeTransfers(), surroundings.theOperator,
                  surroundings.clock, surroundings.processStarter) {}
 
@@ -37,12 +39,11 @@ void StartUp::ReadSettings() {
 }
 
 ui::Transfers StartUp::MakeTransfers() {
-    return {[this](const std::string& dataSetName) { return exportRun_.ExportDataSet(dataSetName); },
-            [](const std::string& dataSetName) -> bool {
-                throw platform::RuntimeError(
-                    platform::error_number::kObjectNotSet,
-                    "The SAP transfer is not part of this program yet: " + dataSetName);
-            }};
+    return {
+        [this](const std::string& dataSetName) { return exportRun_.ExportDataSet(dataSetName); },
+        [this](const std::string& dataSetName) {
+            return sapTransfer_.TransferDataSetToSAP(dataSetName);
+        }};
 }
 
 }  // namespace app

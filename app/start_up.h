@@ -9,7 +9,9 @@
 #include "platform/database/database.h"
 #include "platform/operator.h"
 #include "platform/process.h"
+#include "platform/sapdi/company.h"
 #include "platform/text_file.h"
+#include "sap/transfer_driver.h"
 #include "store/databases.h"
 #include "ui/frm_main.h"
 #include "ui/run_driver.h"
@@ -24,6 +26,7 @@ struct Surroundings {
     platform::ProcessStarter& processStarter;
     platform::ProfileFunctions& profileFunctions;
     platform::DatabaseEngine& databaseEngine;
+    platform::sapdi::Connector& sapConnector;
 };
 
 enum class AfterStartUp { Run, EndProgram };
@@ -33,8 +36,8 @@ class StartUp {
     // `programFolder` is absolute.
     StartUp(std::string programFolder, const Surroundings& surroundings);
 
-    // The start-up sequence, up to the loaded main window. EndProgram when the operator chose to end
-    // it over a table that did not open. Errors leave it.
+    // The start-up sequence, up to the loaded main window. EndProgram when the operator chose to
+    // end it over a table that did not open. Errors leave it.
     [[nodiscard]] AfterStartUp Main();
 
     [[nodiscard]] const AppSettings& Settings() const { return appSettings_; }
@@ -54,6 +57,8 @@ class StartUp {
     ui::frmMain window_;
     ui::RunState runState_;
     fileexport::ExportRun exportRun_;
+    sap::SapObjects sapObjects_;
+    sap::TransferDriver sapTransfer_;
     ui::RunDriver runDriver_;
 };
 

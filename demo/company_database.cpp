@@ -57,16 +57,6 @@ constexpr std::string_view kDocumentLineColumns =
     "Quantity REAL, Price REAL, DiscPrcnt REAL, AcctCode TEXT, Project TEXT, OcrCode TEXT, "
     "PRIMARY KEY (DocEntry, LineNum))";
 
-void CreateTables(platform::Database& database) {
-    for (const std::string_view sql : kTables)
-        database.Execute(sql);
-    for (const std::string_view document : kDocuments) {
-        const std::string name(document);
-        database.Execute("CREATE TABLE O" + name + std::string(kDocumentColumns));
-        database.Execute("CREATE TABLE " + name + "1" + std::string(kDocumentLineColumns));
-    }
-}
-
 // The salt comes from the seed, as the file is to come out alike each time.
 std::string PasswordHash(std::string_view password, std::uint64_t seed) {
     constexpr std::string_view kSaltLetters =
@@ -143,10 +133,20 @@ void AddItems(platform::Database& database, const Shop& shop) {
 
 }  // namespace
 
+void CreateCompanyTables(platform::Database& database) {
+    for (const std::string_view sql : kTables)
+        database.Execute(sql);
+    for (const std::string_view document : kDocuments) {
+        const std::string name(document);
+        database.Execute("CREATE TABLE O" + name + std::string(kDocumentColumns));
+        database.Execute("CREATE TABLE " + name + "1" + std::string(kDocumentLineColumns));
+    }
+}
+
 void WriteCompanyDatabase(const std::filesystem::path& file, const Shop& shop, std::uint64_t seed) {
     const auto database = platform::SqliteEngine().CreateDatabase(file.string());
     const auto transaction = database->BeginTransaction();
-    CreateTables(*database);
+    CreateCompanyTables(*database);
     AddCompany(*database, seed);
     AddPartners(*database, shop);
     AddItems(*database, shop);

@@ -261,7 +261,7 @@ std::string FormatTwoDecimals(const Value& value) {
 }
 
 double RoundTwoDecimals(const Value& value) {
-    return ToDouble(Value(FormatTwoDecimals(ToDouble(value))));
+    return ToDouble(FormatTwoDecimals(value));
 }
 
 std::string ShortDateText(const DateTime& date) {

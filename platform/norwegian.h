@@ -37,7 +37,7 @@ namespace platform {
 // of 0,00. Null gives the empty text, a text that is not numeric stays as it is.
 [[nodiscard]] std::string FormatTwoDecimals(const Value& value);
 
-// The number that FormatTwoDecimals shows. Errors as ToDouble.
+// The number that FormatTwoDecimals shows; where it shows none (of null too) error 13.
 [[nodiscard]] double RoundTwoDecimals(const Value& value);
 
 // "dd.mm.yyyy" and "dd.mm.yyyy hh:mm:ss" (the latter always with its time).

@@ -14,6 +14,7 @@
 #include "platform/code_page.h"
 #include "platform/database/sqlite_engine.h"
 #include "platform/norwegian.h"
+#include "platform/sapdi/local_company.h"
 #include "platform/text.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/temp_folder.h"
@@ -106,8 +107,9 @@ class Day : public testing::TestWithParam<std::string> {
         NoProcesses noProcesses;
         platform::ProfileFiles profileFiles;
         platform::SqliteEngine engine;
+        platform::sapdi::LocalConnector connector(engine, shop.Path().string());
         app::StartUp server(shop.Path().string(),
-                            {bookkeeper, clock, noProcesses, profileFiles, engine});
+                            {bookkeeper, clock, noProcesses, profileFiles, engine, connector});
         try {
             EXPECT_EQ(server.Main(), app::AfterStartUp::Run);
             for (ui::ListEntry& entry : server.Window().ListDayEnd)

@@ -1,0 +1,46 @@
+#include "app/server.h"
+
+#include "platform/clock.h"
+#include "platform/database/sqlite_engine.h"
+#include "platform/error.h"
+#include "platform/process.h"
+#include "platform/profile_file.h"
+#include "platform/sapdi/local_company.h"
+#include "ui/journal.h"
+
+namespace app {
+
+namespace {
+
+int RunWith(const Options& options, platform::Operator& theOperator, platform::Clock& clock,
+            const AfterMain& afterMain) {
+    platform::SystemProcessStarter processStarter;
+    platform::ProfileFiles profileFiles;
+    platform::SqliteEngine databaseEngine;
+    platform::sapdi::LocalConnector sapConnector(databaseEngine, options.folder);
+    StartUp server(options.folder, {theOperator, clock, processStarter, profileFiles,
+                                    databaseEngine, sapConnector});
+    try {
+        if (server.Main() == AfterStartUp::EndProgram) return kExitFatal;
+        return afterMain(server, theOperator);
+    } catch (const platform::RuntimeError& error) {
+        theOperator.ReportFatal(error);
+        return kExitFatal;
+    }
+}
+
+}  // namespace
+
+int RunServer(const Options& options, platform::Operator& face, const AfterMain& afterMain) {
+    platform::SystemClock clock;
+    if (options.journal.empty()) return RunWith(options, face, clock, afterMain);
+    try {
+        ui::Journal journal(options.journal, face, clock);
+        return RunWith(options, journal, clock, afterMain);
+    } catch (const platform::RuntimeError& error) {
+        face.ReportFatal(error);
+        return kExitFatal;
+    }
+}
+
+}  // namespace app

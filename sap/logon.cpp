@@ -1,0 +1,80 @@
+#include "sap/logon.h"
+
+#include <string>
+
+#include "platform/text.h"
+
+namespace sap {
+
+namespace {
+
+using platform::sapdi::Company;
+
+bool IsBlank(const std::string& text) {
+    return platform::Trim(text).empty();
+}
+
+std::string Prompt(platform::Operator& theOperator, const std::string& text, bool isPassword) {
+    return theOperator.Prompt({"Pålogging", text, "", isPassword});
+}
+
+bool WantsTrustedLogin(const std::string& useTrusted) {
+    // The upper-cased text never equals "False", so that this word switches trusted login on. Shops
+    // have it in their settings and rely on it.
+    const bool isOff =
+        useTrusted.empty() || useTrusted == "0" || platform::Upper(useTrusted) == "False";
+    return !isOff;
+}
+
+void SetDatabaseLogin(Company& company, const TransferContext& context) {
+    const app::AppSettings& settings = context.AppSettings;
+    company.SetDbUserName(IsBlank(settings.SAPDBUser)
+                              ? Prompt(context.theOperator, "MSSQL bruker?", false)
+                              : settings.SAPDBUser);
+    if (IsBlank(settings.SAPDBPassword)) {
+        // The prompted text takes the place of the user name and the password stays unset: servers
+        // are set up for it.
+        company.SetDbUserName(Prompt(context.theOperator, "MSSQL passord?", true));
+    } else {
+        company.SetDbPassword(settings.SAPDBPassword);
+    }
+}
+
+void SetUserLogin(Company& company, const TransferContext& context) {
+    const app::AppSettings& settings = context.AppSettings;
+    company.SetUserName(IsBlank(settings.SAPUserName)
+                            ? Prompt(context.theOperator, "Bruker for SAP Business One?", false)
+                            : settings.SAPUserName);
+    company.SetPassword(
+        IsBlank(settings.SAPPassword)
+            ? Prompt(context.theOperator, "Passord for '" + company.UserName() + "'?", true)
+            : settings.SAPPassword);
+}
+
+}  // namespace
+
+bool LogonToSAP(const TransferContext& context, platform::sapdi::Connector& connector) {
+    context.objects.SAPCompany = connector.CreateCompany();
+    Company& company = *context.objects.SAPCompany;
+    company.SetUseTrusted(WantsTrustedLogin(context.AppSettings.SAPUseTrusted));
+    if (!company.UseTrusted()) SetDatabaseLogin(company, context);
+    company.SetServer(context.AppSettings.SAPServer);
+    company.SetCompanyDB(context.AppSettings.SAPCompanyDatabase);
+    SetUserLogin(company, context);
+    company.SetLanguage(platform::sapdi::kEnglish);
+    if (company.Connect() == 0) return true;
+
+    const platform::sapdi::LastError error = company.GetLastError();
+    context.Warn("Feil ved pålogging til SAP.\nSAP feilkode var " + std::to_string(error.code) +
+                 ": " + error.text);
+    return false;
+}
+
+void CloseSAPCompany(const TransferContext& context, platform::sapdi::TransactionEnd end) {
+    Company& company = *context.objects.SAPCompany;
+    if (company.InTransaction()) company.EndTransaction(end);
+    company.Disconnect();
+    context.objects.SAPCompany.Release();
+}
+
+}  // namespace sap

@@ -1,0 +1,126 @@
+#include "sap/transfer_driver.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/sap/sap_shop.h"
+#include "tests/support/expect_error.h"
+
+using platform::Answer;
+using support::ExpectError;
+using support::Line;
+using support::Sale;
+using Texts = std::vector<std::string>;
+
+namespace {
+
+class Transfer : public testing::Test {
+  protected:
+    Transfer() { shop.WriteDataSet("K", {{.id = 1}}, {{.saleId = 1}}); }
+
+    void Send(std::initializer_list<Answer> answers) {
+        shop.theOperator.answers = answers;
+        EXPECT_FALSE(shop.driver.TransferDataSetToSAP("K"));
+    }
+
+    std::string Invoices() { return shop.AskCompany("SELECT NumAtCard FROM OINV"); }
+    bool IsFinished() const { return shop.folder.Has("KDayEndSales.XML.200511161433.ferdig"); }
+
+    SapShop shop;
+};
+
+constexpr Answer kYes = Answer::Yes;
+
+}  // namespace
+
+TEST_F(Transfer, YesCommitsAndMarksTheDataSet) {
+    Send({kYes});
+    EXPECT_EQ(Invoices(), "1|");
+    EXPECT_TRUE(IsFinished());
+    EXPECT_EQ(shop.AskCompany("SELECT name FROM sqlite_master WHERE type = 'index' AND sql <> ''"),
+              "")
+        << "what the transfer indexed for itself is gone";
+    ExpectError(91, [&] { (void)shop.objects.SAPCompany->InTransaction(); });
+}
+
+TEST_F(Transfer, NoRollsTheDocumentsBackButNotTheMasterData) {
+    shop.InStore(
+        "INSERT INTO Customers (ID, Name, Status) VALUES ('2001', 'Ny', 1), "
+        "('1001', 'Kjent fra før', 1), ('9', 'Ukjent endret', 2)");
+    shop.InStore(
+        "INSERT INTO Products (ID, Description, Price, Status) VALUES ('P1', 'A', 5, 2), "
+        "('P9', 'B', NULL, 1)");
+    Send({Answer::No});
+    EXPECT_EQ(Invoices(), "");
+    EXPECT_FALSE(IsFinished());
+    EXPECT_EQ(shop.AskCompany("SELECT CardCode, CardName FROM OCRD"),
+              "1001 NULL|KONTANT NULL|2001 Ny|");
+    EXPECT_EQ(shop.AskStore("SELECT Status FROM Customers"), "0 1 2");
+    EXPECT_EQ(shop.AskStore("SELECT Status FROM Products"), "0 0");
+    EXPECT_EQ(shop.AskCompany("SELECT ItemCode, ItemName FROM OITM"), "P1 A|P2 NULL|P9 B|");
+    EXPECT_EQ(shop.theOperator.shown.at(0), "Fikk ikke opprettet kunde 1001 - Kjent fra før");
+}
+
+TEST_F(Transfer, OneFailedReceiptRollsTheWholeDayBackWithoutAQuestion) {
+    shop.WriteDataSet("K", {{.id = 1}, {.id = 2, .customerID = "X"}, {.id = 3}},
+                      {{.saleId = 3}, {.saleId = 2}, {.saleId = 1}});
+    Send({});
+    EXPECT_TRUE(shop.runState.DataSetHasErrors);
+    EXPECT_EQ(Invoices(), "");
+    EXPECT_FALSE(IsFinished());
+    EXPECT_TRUE(shop.folder.Has("SAP_ERR_1_2.xml"));
+
+    shop.InCompany("INSERT INTO OCRD (CardCode) VALUES ('X')");
+    Send({kYes});
+    EXPECT_EQ(Invoices(), "1|2|3|");
+}
+
+TEST_F(Transfer, APaymentOnlyReceiptEndsTheProgramAndNothingIsCommitted) {
+    shop.WriteDataSet(
+        "K", {{.id = 1}, {.id = 2}},
+        {{.saleId = 1}, {.saleId = 1, .transType = 15}, {.saleId = 2, .transType = 15}});
+    ExpectError(13, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    shop.objects.SAPCompany.Release();
+    EXPECT_EQ(Invoices(), "");
+    EXPECT_FALSE(IsFinished());
+}
+
+TEST_F(Transfer, EarlyEnds) {
+    shop.settings.SAPPassword = "feil";
+    Send({});
+    ASSERT_EQ(shop.theOperator.shown.size(), 1U);
+    EXPECT_EQ(shop.theOperator.shown[0].find("Feil ved pålogging til SAP.\nSAP feilkode var -10: "),
+              0U);
+    EXPECT_EQ(shop.theOperator.shown[0].find("SAP feilkode var -10: feil"), std::string::npos);
+
+    shop.WriteDataSet("K", {}, {{}});
+    Send({});
+    EXPECT_EQ(shop.theOperator.shown.at(1), "Det er ingenting å overføre.");
+    ExpectError(91, [&] { (void)shop.runState.SalesRecordset->IsEof(); });
+
+    std::filesystem::remove("KDayEndSalesLines.XML");
+    Send({});
+    EXPECT_EQ(shop.window.List,
+              Texts{"Finner ikke filen med salgslinjer. Avslutter behandling av datasett."});
+}
+
+TEST_F(Transfer, NoDayEndLeavesTheDocumentsOut) {
+    shop.settings.NoDayEnd = " 1,0 ";
+    Send({kYes});
+    EXPECT_TRUE(IsFinished());
+    EXPECT_EQ(Invoices(), "");
+
+    shop.WriteDataSet("K", {{.id = 1}}, {{.saleId = 1, .transType = 15}});
+    ExpectError(91, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    shop.WriteDataSet("K", {{.id = 1}}, {{.saleId = 1}});
+    shop.InStore("INSERT INTO Customers (ID, Status) VALUES ('7', 1)");
+    ExpectError(91, [&] { shop.driver.TransferDataSetToSAP("K"); });
+}
+
+TEST_F(Transfer, NumbersThatDoNotFit) {
+    shop.WriteDataSet("K", {{.id = 32768}}, {{.saleId = 32768}});
+    ExpectError(6, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    shop.WriteDataSet("K", {{.id = 1}}, {{.amount = platform::Value()}});
+    ExpectError(94, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    shop.WriteDataSet("K", {{.id = platform::Value()}}, {{}});
+    ExpectError(3075, [&] { shop.driver.TransferDataSetToSAP("K"); });
+}
