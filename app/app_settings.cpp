@@ -1,8 +1,5 @@
 #include "app/app_settings.h"
 
-#include <array>
-#include <cstdio>
-
 #include "platform/text.h"
 
 namespace app {
@@ -10,6 +7,7 @@ namespace app {
 namespace {
 
 using platform::DateTime;
+using platform::Digits;
 using platform::Left;
 using platform::Length;
 using platform::Mid;
@@ -83,12 +81,6 @@ std::string WithoutTrailingSeparator(const std::string& datapath) {
         return Mid(datapath, 1, trimmedLength - 1);
     }
     return std::string(Trim(datapath));
-}
-
-std::string Digits(int number, int width) {
-    std::array<char, 16> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), "%0*d", width, number);
-    return {buffer.data(), static_cast<std::size_t>(length)};
 }
 
 // Replaces the first occurrence of a token. At the very start of the value it takes the other stamp

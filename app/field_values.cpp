@@ -1,8 +1,5 @@
 #include "app/field_values.h"
 
-#include <array>
-#include <cstdio>
-
 #include "platform/norwegian.h"
 #include "platform/text.h"
 
@@ -22,10 +19,8 @@ platform::Value NzNumber(const platform::Value& value) {
 }
 
 std::string DateToYmd(const platform::DateTime& date) {
-    std::array<char, 16> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), "%d%02d%02d", int{date.year},
-                                     int{date.month}, int{date.day});
-    return {buffer.data(), static_cast<std::size_t>(length)};
+    return std::to_string(date.year) + platform::Digits(date.month, 2) +
+           platform::Digits(date.day, 2);
 }
 
 std::string YmdToDateText(std::int32_t ymd) {

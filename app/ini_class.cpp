@@ -27,13 +27,26 @@ std::vector<std::string> TextsOf(std::string_view list) {
 }  // namespace
 
 const std::string& TextArray::operator()(int index) const {
+    return texts_[PlaceOf(index)];
+}
+
+void TextArray::GrowTo(int upperBound) {
+    if (upperBound > UpperBound())
+        texts_.resize(static_cast<std::size_t>(upperBound - lowerBound_ + 1));
+}
+
+void TextArray::Set(int index, std::string text) {
+    texts_[PlaceOf(index)] = std::move(text);
+}
+
+std::size_t TextArray::PlaceOf(int index) const {
     if (index < LowerBound() || index > UpperBound()) {
         throw platform::RuntimeError(platform::error_number::kIndexOutOfRange,
                                      "Subscript out of range: " + std::to_string(index) +
                                          " is not in " + std::to_string(LowerBound()) + " to " +
                                          std::to_string(UpperBound()));
     }
-    return texts_[static_cast<std::size_t>(index - lowerBound_)];
+    return static_cast<std::size_t>(index - lowerBound_);
 }
 
 INIClass::INIClass(platform::ProfileFunctions& profileFunctions)
@@ -61,21 +74,20 @@ bool INIClass::ReadSection(std::string_view psSection, TextArray& psKeys, TextAr
     }
     psKeys = TextArray({""});
     psValues = TextArray({""});
-    std::vector<std::string> keys;
-    std::vector<std::string> values;
+    int i = 0;
     for (const std::string& entry : TextsOf(buffer)) {
+        psKeys.GrowTo(i);
+        psValues.GrowTo(i);
         const std::size_t mark = entry.find('=');
         if (mark == std::string::npos) {
-            throw platform::RuntimeError(platform::error_number::kInvalidArgument,
-                                         "Invalid procedure call or argument: no \"=\" in the "
-                                         "entry \"" +
-                                             entry + "\" of section " + std::string(psSection) +
-                                             " in " + fileName_);
+            throw platform::RuntimeError(
+                platform::error_number::kInvalidArgument,
+                "Invalid procedure call or argument: no \"=\" in the entry \"" + entry +
+                    "\" of section " + std::string(psSection) + " in " + fileName_);
         }
-        keys.push_back(entry.substr(0, mark));
-        values.push_back(entry.substr(mark + 1));
-        psKeys = TextArray(keys);
-        psValues = TextArray(values);
+        psKeys.Set(i, entry.substr(0, mark));
+        psValues.Set(i, entry.substr(mark + 1));
+        ++i;
     }
     return true;
 }

@@ -24,9 +24,14 @@ class TextArray {
     }
     [[nodiscard]] const std::string& operator()(int index) const;  // error 9
 
+    void GrowTo(int upperBound);            // keeps the contents
+    void Set(int index, std::string text);  // error 9
+
     friend bool operator==(const TextArray&, const TextArray&) = default;
 
   private:
+    [[nodiscard]] std::size_t PlaceOf(int index) const;
+
     std::vector<std::string> texts_;
     int lowerBound_ = 0;
 };

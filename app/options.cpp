@@ -14,15 +14,15 @@ std::string FolderOfExecutable() {
 }
 
 std::string Absolute(const std::string& path) {
-    return path.empty() ? path : std::filesystem::absolute(path).lexically_normal().string();
+    return path.empty() ? path : std::filesystem::absolute(path).string();
 }
 
 void AddTerminalOptions(CLI::App& parser, Options& options) {
     parser.add_flag("--list", options.list, "Print the waiting data sets, one a line, and end");
     parser.add_option("--select", options.select, "Select the data set NAME; may be repeated")
         ->type_name("NAME")
-        ->expected(1)
-        ->take_all();
+        ->take_all()
+        ->allow_extra_args(false);  // one value each; "[K1]" is a name, not a list
     parser.add_flag("--all", options.all, "Select every waiting data set");
     parser.add_flag("--unattended", options.unattended,
                     "Read no answers: default buttons and default texts");

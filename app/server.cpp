@@ -23,8 +23,8 @@ int RunWith(const Options& options, platform::Operator& theOperator, platform::C
     try {
         if (server.Main() == AfterStartUp::EndProgram) return kExitFatal;
         return afterMain(server, theOperator);
-    } catch (const platform::RuntimeError& error) {
-        theOperator.ReportFatal(error);
+    } catch (const std::exception&) {
+        theOperator.ReportFatal(platform::CurrentError());
         return kExitFatal;
     }
 }
@@ -37,8 +37,8 @@ int RunServer(const Options& options, platform::Operator& face, const AfterMain&
     try {
         ui::Journal journal(options.journal, face, clock);
         return RunWith(options, journal, clock, afterMain);
-    } catch (const platform::RuntimeError& error) {
-        face.ReportFatal(error);
+    } catch (const std::exception&) {
+        face.ReportFatal(platform::CurrentError());
         return kExitFatal;
     }
 }

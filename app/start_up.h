@@ -35,6 +35,8 @@ class StartUp {
   public:
     // `programFolder` is absolute.
     StartUp(std::string programFolder, const Surroundings& surroundings);
+    StartUp(const StartUp&) = delete;  // its parts refer to each other
+    StartUp& operator=(const StartUp&) = delete;
 
     // The start-up sequence, up to the loaded main window. EndProgram when the operator chose to
     // end it over a table that did not open. Errors leave it.

@@ -46,7 +46,7 @@ bool ExportRun::ExportDataSet(const std::string& dataSetName) {
     Vouchers(*voucherFile_, recordCounter_, databases_, runState_, clock_).Write();
 
     if (ui::OperatorWantsRenaming(runState_, operator_, appSettings_.AppTitle)) {
-        platform::RequireWritableFolderOf(store::SalesFileName(dataSetName));
+        RequireRoomForPlacing(dataSetName);
         PlaceImportFiles();
         store::MarkAsTransferred(dataSetName, clock_);
     } else {
@@ -94,6 +94,14 @@ bool ExportRun::OperatorWantsOverwriting() {
              platform::Icon::Question, Answer::No});
     }
     return runState_.LastAnswer == Answer::Yes;
+}
+
+// What can be known to fail later fails here, before the first file is placed: orders that are
+// placed without their day's vouchers and finished names would be placed again.
+void ExportRun::RequireRoomForPlacing(const std::string& dataSetName) const {
+    platform::RequirePlaceForFile(appSettings_.EDIFileName);
+    platform::RequirePlaceForFile(appSettings_.VoucherFileName);
+    platform::RequireWritableFolderOf(store::SalesFileName(dataSetName));
 }
 
 // Both working copies are complete on disk before the first of them takes its name, and each takes

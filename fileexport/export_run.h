@@ -30,6 +30,7 @@ class ExportRun {
     void OpenVoucherFile();
     void OpenOrderFile();
     [[nodiscard]] bool OperatorWantsOverwriting();
+    void RequireRoomForPlacing(const std::string& dataSetName) const;
     void PlaceImportFiles();
     void DiscardVoucherFile();
 

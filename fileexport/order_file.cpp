@@ -2,6 +2,8 @@
 
 #include <cmath>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "app/field_values.h"
 #include "platform/error.h"
@@ -103,20 +105,44 @@ std::string TwoDecimals(const Value& amount) {
     return std::string(platform::Trim(AmountText(formatted)));
 }
 
-std::string OrderLine(const Recordset& line, platform::TableRecordset& taxTable) {
-    const Value netPrice = NetPrice(line.Get("Price"), VatRate(taxTable, line.Get("VatCode")));
+std::string OrderLine(const Recordset& line, const Value& netPrice) {
     return "L; ;" + Trimmed(line.Get("ProductID")) + ";" + Trimmed(line.Get("Description")) + "; " +
            TwoDecimals(line.Get("Qty")) + ";" + TwoDecimals(netPrice) + "; " +
            TwoDecimals(line.Get("CostPrice")) + " ; ; ; ; ; ;" + TwoDecimals(line.Get("Discount")) +
            "; ; ; ;;0;0" + kLineEnd;
 }
 
+void WriteOrderLine(TextFile& orderFile, RecordCounter& recordCounter,
+                    const std::string& encodedLine) {
+    orderFile.WriteEncoded(encodedLine);
+    ++recordCounter;
+}
+
+// The rates that were looked up, so that the Tax table is asked once for each code of a data set.
+class VatRates {
+  public:
+    explicit VatRates(const store::Databases& databases) : databases_(databases) {}
+
+    double Of(const Value& vatCode) {
+        for (const auto& [code, rate] : known_) {
+            if (code == vatCode) return rate;
+        }
+        const double rate = VatRate(*databases_.TaxTable, vatCode);
+        known_.emplace_back(vatCode, rate);
+        return rate;
+    }
+
+  private:
+    const store::Databases& databases_;
+    std::vector<std::pair<Value, double>> known_;
+};
+
 // The "L" lines of a data set, which are the same under every head: formatted under the first one,
 // then repeated.
 class OrderLines {
   public:
     OrderLines(std::string fileName, ui::RunState& runState, const store::Databases& databases)
-        : fileName_(std::move(fileName)), runState_(runState), databases_(databases) {}
+        : fileName_(std::move(fileName)), runState_(runState), vatRates_(databases) {}
 
     void Write(TextFile& orderFile, RecordCounter& recordCounter) {
         if (!areFormatted_) return WriteFirst(orderFile, recordCounter);
@@ -129,19 +155,26 @@ class OrderLines {
         runState_.SalesLinesRecordset = runState_.PersistConnection->OpenForwardOnly(fileName_);
         Recordset& lines = *runState_.SalesLinesRecordset;
         for (; !lines.IsEof(); lines.MoveNext()) {
-            const std::string line = platform::EncodeLine(OrderLine(lines, *databases_.TaxTable));
-            orderFile.WriteEncoded(line);
+            const std::string line =
+                platform::AtPlace(fileName_ + ", record " + std::to_string(count_ + 1),
+                                  [&] { return Encoded(lines); });
+            WriteOrderLine(orderFile, recordCounter, line);
             encodedLines_ += line;
             ++count_;
-            ++recordCounter;
         }
         lines.Close();
         areFormatted_ = true;
     }
 
+    std::string Encoded(const Recordset& line) {
+        const Value price = line.Get("Price");
+        const double vatRate = vatRates_.Of(line.Get("VatCode"));
+        return platform::EncodeLine(OrderLine(line, NetPrice(price, vatRate)));
+    }
+
     std::string fileName_;
     ui::RunState& runState_;
-    const store::Databases& databases_;
+    VatRates vatRates_;
     std::string encodedLines_;
     bool areFormatted_ = false;
     RecordCounter count_ = 0;
@@ -164,7 +197,9 @@ void WriteOrderFileBody(TextFile& orderFile, RecordCounter& recordCounter,
 double VatRate(platform::TableRecordset& taxTable, const Value& vatCode) {
     taxTable.SetIndex("PrimaryKey");
     taxTable.Seek(vatCode);
-    return taxTable.NoMatch() ? 0 : platform::ToDouble(taxTable.Get("Rate"));
+    if (taxTable.NoMatch()) return 0;
+    return platform::AtPlace("Tax.Rate of VAT code " + platform::ToText(vatCode),
+                             [&] { return platform::ToDouble(taxTable.Get("Rate")); });
 }
 
 }  // namespace fileexport

@@ -52,6 +52,11 @@ bool IsNotZero(const Value& sum) {
     return !sum.IsNull() && !platform::Equals(sum, 0);
 }
 
+// An account number out of a field, whose name an error bears.
+std::int32_t AccountOf(const Value& account, const std::string& field) {
+    return platform::AtPlace(field, [&] { return platform::ToInt32(account); });
+}
+
 Value AbsoluteOf(const Value& amount) {
     if (amount.IsNull()) return {};
     return std::fabs(platform::ToDouble(amount));
@@ -67,12 +72,11 @@ void PostingSide(const Posting& posting, VoucherRecord& record) {
     record.Am = AbsoluteOf(posting.amount);
 }
 
-constexpr int kPostedInSums[] = {trans_type::kIOU,           trans_type::kCash,
-                                 trans_type::kChange,        trans_type::kBank,
-                                 trans_type::kFirstCard,     trans_type::kFirstCard + 1,
-                                 trans_type::kFirstCard + 2, trans_type::kFirstCard + 3,
-                                 trans_type::kFirstCard + 4, trans_type::kFirstCard + 5,
-                                 trans_type::kLastCard};
+constexpr int kPostedInSums[] = {
+    trans_type::kIOU,           trans_type::kCash,          trans_type::kChange,
+    trans_type::kBank,          trans_type::kFirstCard,     trans_type::kFirstCard + 1,
+    trans_type::kFirstCard + 2, trans_type::kFirstCard + 3, trans_type::kFirstCard + 4,
+    trans_type::kFirstCard + 5, trans_type::kLastCard};
 constexpr int kPostedByReceipt[] = {trans_type::kCreditSale, trans_type::kPrepayment,
                                     trans_type::kInvoicePayment};
 
@@ -120,8 +124,8 @@ void Vouchers::WriteSalesPostings() {
         const Value account = sums.Get(0);
         const Value vatCode = sums.Get(1);
         Posting posting;
-        posting.account =
-            platform::ToInt32(IsAboveZero(account) ? account : Option(ledger.accountField));
+        posting.account = IsAboveZero(account) ? AccountOf(account, "SalesLines.SalesAccount")
+                                               : OptionAccount(ledger.accountField);
         posting.vatCode = IsAboveZero(vatCode) ? vatCode : Option("DefaultVATCode");
         posting.amount = sums.Get(2);
         posting.date = sums.Get("SalesDate");
@@ -154,7 +158,7 @@ void Vouchers::WritePaymentPostings() {
         if (!payment) continue;
         const store::Ledger ledger = *store::LedgerOf(*payment);
         Posting posting;
-        posting.account = platform::ToInt32(Option(ledger.accountField));
+        posting.account = OptionAccount(ledger.accountField);
         posting.amount = sums.Get(1);
         posting.date = sums.Get("SalesDate");
         posting.voucherType = *payment == trans_type::kIOU ? kIOUVoucher : kPaymentVoucher;
@@ -168,8 +172,10 @@ void Vouchers::WriteReceiptPostings() {
     const auto index = databases_.WorkConnection->IndexForNow("SalesLines", "SalesID, LineNo");
     Recordset& sale = *runState_.SalesRecordset;
     for (sale.MoveFirst(); !sale.IsEof(); sale.MoveNext()) {
-        WriteReceipt(sale);
-        MarkSale(sale);
+        platform::AtPlace("Sale " + platform::ToText(sale.Get("ID")), [&] {
+            WriteReceipt(sale);
+            MarkSale(sale);
+        });
     }
 }
 
@@ -192,7 +198,7 @@ void Vouchers::WriteReceiptLine(const Recordset& sale, const Recordset& line) {
     if (!platform::Equals(Option("CreditToOrder"), false)) return;
 
     Posting posting;
-    posting.account = platform::ToInt32(sale.Get("CustomerID"));
+    posting.account = AccountOf(sale.Get("CustomerID"), "CustomerID");
     posting.amount = line.Get("Amount");
     posting.date = sale.Get("SalesDate");
     posting.voucherType =
@@ -243,6 +249,10 @@ void Vouchers::WritePosting(const Posting& posting) {
     record.R1 = Option("DeptNo");
     record.R2 = record.R3 = record.R4 = record.R5 = record.R6 = 0;
     WriteVoucherRecord(voucherFile_, recordCounter_, record);
+}
+
+std::int32_t Vouchers::OptionAccount(const std::string& field) const {
+    return AccountOf(Option(field), "Options." + field);
 }
 
 Value Vouchers::Option(std::string_view field) const {

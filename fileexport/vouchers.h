@@ -45,6 +45,7 @@ class Vouchers {
 
     [[nodiscard]] platform::Recordset& OpenOnWorkConnection(std::string_view query);
     void WritePosting(const Posting& posting);
+    [[nodiscard]] std::int32_t OptionAccount(const std::string& field) const;
     [[nodiscard]] platform::Value Option(std::string_view field) const;
 
     platform::TextFile& voucherFile_;

@@ -1,6 +1,7 @@
 #include "platform/error.h"
 
 #include <cerrno>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -11,6 +12,18 @@ RuntimeError::RuntimeError(int number, std::string description)
 
 RuntimeError RuntimeError::At(std::string_view place) const {
     return {number_, std::string(place) + ": " + description_};
+}
+
+RuntimeError CurrentError() {
+    try {
+        throw;
+    } catch (const RuntimeError& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return {error_number::kOutOfMemory, "Out of memory"};
+    } catch (const std::exception& error) {
+        return {error_number::kInternalError, std::string("Internal error: ") + error.what()};
+    }
 }
 
 namespace {

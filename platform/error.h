@@ -5,6 +5,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace platform {
 
@@ -12,9 +13,11 @@ namespace platform {
 namespace error_number {
 inline constexpr int kInvalidArgument = 5;
 inline constexpr int kOverflow = 6;
+inline constexpr int kOutOfMemory = 7;
 inline constexpr int kIndexOutOfRange = 9;
 inline constexpr int kDivisionByZero = 11;
 inline constexpr int kTypeMismatch = 13;
+inline constexpr int kInternalError = 51;
 inline constexpr int kFileNotFound = 53;
 inline constexpr int kFileAlreadyOpen = 55;
 inline constexpr int kDeviceIo = 57;
@@ -59,6 +62,20 @@ class RuntimeError : public std::exception {
     int number_;
     std::string description_;
 };
+
+// Runs `action`; an error that leaves it is named with the place where it happened.
+template <class Action>
+decltype(auto) AtPlace(const std::string& place, Action&& action) {
+    try {
+        return std::forward<Action>(action)();
+    } catch (const RuntimeError& error) {
+        throw error.At(place);
+    }
+}
+
+// The exception that is being handled, whatever it is, as a RuntimeError: 7 for a lack of memory,
+// 51 for what no other number fits.
+[[nodiscard]] RuntimeError CurrentError();
 
 // The failure of a call of the operating system (an errno value) on a file, as error 53, 61, 70,
 // 75, 76 or 57; `verb` is what was tried ("open", "copy").

@@ -109,6 +109,23 @@ RuntimeError ErrorOfMoving(int errnoValue, const fs::path& source, const fs::pat
     return ErrorOfCreating(errnoValue, "move " + source.string() + " to", target);
 }
 
+fs::path BehindLink(const fs::path& path) {
+    std::error_code failure;
+    if (!fs::is_symlink(path, failure)) return path;
+    fs::path target = fs::weakly_canonical(path, failure);
+    return failure ? path : target;
+}
+
+// Other programs that may write the file that is replaced may write the one that takes its place.
+// Best effort: only the superuser can give files away.
+void TakeOwnerAndModeOf(const fs::path& existing, const fs::path& file) {
+    struct stat status {};
+    if (::stat(existing.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+    const bool isOwners = ::chown(file.c_str(), status.st_uid, status.st_gid) == 0;
+    const mode_t kept = isOwners ? 07777U : 0777U;  // no set-user-id for somebody else
+    (void)::chmod(file.c_str(), status.st_mode & kept);
+}
+
 void MoveAcrossFileSystems(const fs::path& source, const fs::path& target) {
     const Descriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
     if (!from.IsOpen()) throw ErrorFromErrno(errno, "read", source.string());
@@ -172,7 +189,7 @@ std::vector<std::string> ListFiles(std::string_view folder, std::string_view pat
 
 void MoveFile(std::string_view from, std::string_view to) {
     const fs::path source = ResolvePath(from);
-    const fs::path target = ResolvePath(to);
+    const fs::path target = BehindLink(ResolvePath(to));
     struct stat status {};
     if (::stat(source.c_str(), &status) != 0) {
         throw ErrorFromErrno(errno, "move", source.string());
@@ -180,6 +197,7 @@ void MoveFile(std::string_view from, std::string_view to) {
     if (!S_ISREG(status.st_mode)) {
         throw RuntimeError(error_number::kPathAccess, source.string() + " is no file");
     }
+    TakeOwnerAndModeOf(target, source);
     if (::rename(source.c_str(), target.c_str()) != 0) {
         if (errno != EXDEV) throw ErrorOfMoving(errno, source, target);
         MoveAcrossFileSystems(source, target);
@@ -199,9 +217,19 @@ void RequireWritableFolderOf(std::string_view name) {
     std::error_code ignored;
     if (!fs::is_directory(folder, ignored)) throw NoFolder(folder);
     if (::access(folder.c_str(), W_OK | X_OK) != 0) {
-        throw RuntimeError(error_number::kPathAccess,
-                           "Can not create files in the folder " + folder.string());
+        throw RuntimeError(error_number::kPathAccess, "Can not create files in the folder " +
+                                                          fs::absolute(folder, ignored).string());
     }
+}
+
+void RequirePlaceForFile(std::string_view name) {
+    const fs::path path = BehindLink(ResolvePath(name));
+    std::error_code ignored;
+    if (name.empty() || path.filename().empty() || fs::is_directory(path, ignored)) {
+        throw RuntimeError(error_number::kPathAccess,
+                           "\"" + std::string(name) + "\" can not be the name of a file");
+    }
+    RequireWritableFolderOf(path.string());
 }
 
 void ChangeDirectory(std::string_view folder) {

@@ -184,12 +184,6 @@ Integer ToInteger(const Value& value) {
                        "Type mismatch: \"" + std::string(text) + "\" is no date");
 }
 
-std::string Padded(int number, int width) {
-    std::array<char, 16> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), "%0*d", width, number);
-    return {buffer.data(), static_cast<std::size_t>(length)};
-}
-
 }  // namespace
 
 std::string NumberText(double number) {
@@ -265,12 +259,12 @@ double RoundTwoDecimals(const Value& value) {
 }
 
 std::string ShortDateText(const DateTime& date) {
-    return Padded(date.day, 2) + "." + Padded(date.month, 2) + "." + Padded(date.year, 4);
+    return Digits(date.day, 2) + "." + Digits(date.month, 2) + "." + Digits(date.year, 4);
 }
 
 std::string DateTimeText(const DateTime& moment) {
-    return ShortDateText(moment) + " " + Padded(moment.hour, 2) + ":" + Padded(moment.minute, 2) +
-           ":" + Padded(moment.second, 2);
+    return ShortDateText(moment) + " " + Digits(moment.hour, 2) + ":" + Digits(moment.minute, 2) +
+           ":" + Digits(moment.second, 2);
 }
 
 DateTime ToDate(std::string_view text) {

@@ -90,8 +90,8 @@ void Append(std::string& text, char32_t c) {
 
 std::size_t Length(std::string_view text) {
     std::size_t count = 0;
-    for (const char byte : text)
-        count += IsContinuation(byte) ? 0 : 1;
+    for (; !text.empty(); ++count)
+        text.remove_prefix(OffsetOf(text, 1));
     return count;
 }
 
@@ -149,6 +149,13 @@ std::size_t FindIgnoreCase(std::string_view text, std::string_view wanted) {
     const std::size_t offset = upper.find(Upper(wanted));
     if (offset == std::string::npos) return 0;
     return Length(std::string_view(upper).substr(0, offset)) + 1;
+}
+
+std::string Digits(int number, int width) {
+    std::string digits = std::to_string(number);
+    const auto wanted = static_cast<std::size_t>(width);
+    if (digits.size() < wanted) digits.insert(0, wanted - digits.size(), '0');
+    return digits;
 }
 
 std::string PadRight(std::string_view text, std::size_t width) {

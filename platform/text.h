@@ -31,6 +31,9 @@ namespace platform {
 // regard to case; 0 where there is none.
 [[nodiscard]] std::size_t FindIgnoreCase(std::string_view text, std::string_view wanted);
 
+// A number that is not negative, with zeros in front up to `width` digits.
+[[nodiscard]] std::string Digits(int number, int width);
+
 // `text` with blanks on the right up to `width` characters; a longer text stays whole.
 [[nodiscard]] std::string PadRight(std::string_view text, std::size_t width);
 

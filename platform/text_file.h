@@ -53,6 +53,10 @@ class TextFile {
 // The table of open output files. It outlives them.
 class TextFiles {
   public:
+    TextFiles() = default;
+    TextFiles(const TextFiles&) = delete;
+    TextFiles& operator=(const TextFiles&) = delete;
+
     // Creates the file or empties it. Errors 55, 70, 75, 76, 61.
     [[nodiscard]] std::unique_ptr<TextFile> OpenForOutput(std::string_view name);
 

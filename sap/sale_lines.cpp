@@ -9,7 +9,7 @@ namespace sap {
 SaleLines::SaleLines(const platform::PersistConnection& persistConnection,
                      const std::string& fileName)
     : rowSet_(persistConnection.LoadRows(fileName)) {
-    const std::size_t salesId = platform::PlaceOfField(rowSet_->fields, "SalesID");
+    const std::size_t salesId = platform::PlaceOfField(rowSet_->fields, "SalesID", rowSet_->source);
     for (std::size_t place = 0; place < rowSet_->rows.size(); ++place) {
         const platform::Value& id = rowSet_->rows[place][salesId];
         if (platform::IsNumeric(id)) placesBySale_[platform::ToDouble(id)].push_back(place);

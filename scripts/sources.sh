@@ -5,5 +5,5 @@
 list_sources() {
     local pattern names=()
     for pattern in "$@"; do names+=(-o -name "$pattern"); done
-    find app bench demo fileexport platform sap store tests ui -type f \( "${names[@]:1}" \) | sort
+    find . \( -name build -o -name '.?*' \) -prune -o -type f \( "${names[@]:1}" \) -printf '%P\n' | sort
 }

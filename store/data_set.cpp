@@ -1,9 +1,7 @@
 #include "store/data_set.h"
 
-#include <array>
-#include <cstdio>
-
 #include "platform/files.h"
+#include "platform/text.h"
 
 namespace store {
 
@@ -31,12 +29,9 @@ std::string DataSetNameOf(std::string_view displayName) {
 }
 
 std::string FinishedName(std::string_view fileName, const platform::DateTime& moment) {
-    std::array<char, 32> stamp{};
-    const int length =
-        std::snprintf(stamp.data(), stamp.size(), "%04d%02d%02d%02d%02d", int{moment.year},
-                      int{moment.month}, int{moment.day}, int{moment.hour}, int{moment.second});
-    return std::string(fileName) + "." +
-           std::string(stamp.data(), static_cast<std::size_t>(length)) + ".ferdig";
+    using platform::Digits;
+    return std::string(fileName) + "." + Digits(moment.year, 4) + Digits(moment.month, 2) +
+           Digits(moment.day, 2) + Digits(moment.hour, 2) + Digits(moment.second, 2) + ".ferdig";
 }
 
 void MarkAsTransferred(std::string_view dataSetName, const platform::Clock& clock) {

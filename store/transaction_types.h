@@ -47,9 +47,6 @@ inline constexpr int kNew = 1;
 inline constexpr int kChanged = 2;
 }  // namespace master_status
 
-// ProductID of a rounding line.
-inline constexpr const char* kRoundingProduct = "Avrunding";
-
 // Where a line of a TransType is posted.
 struct Ledger {
     const char* accountField;  // field of the Options row; null: the sale's customer

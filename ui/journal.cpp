@@ -3,11 +3,12 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
-#include <cstdio>
 #include <nlohmann/json.hpp>
 #include <optional>
+
+#include "platform/descriptor.h"
+#include "platform/text.h"
 
 namespace ui {
 
@@ -40,11 +41,10 @@ Json TitleOf(const std::optional<std::string>& title) {
 }
 
 std::string IsoText(const platform::DateTime& moment) {
-    std::array<char, 64> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), "%04d-%02d-%02dT%02d:%02d:%02d",
-                                     int{moment.year}, int{moment.month}, int{moment.day},
-                                     int{moment.hour}, int{moment.minute}, int{moment.second});
-    return {buffer.data(), static_cast<std::size_t>(length)};
+    using platform::Digits;
+    return Digits(moment.year, 4) + "-" + Digits(moment.month, 2) + "-" + Digits(moment.day, 2) +
+           "T" + Digits(moment.hour, 2) + ":" + Digits(moment.minute, 2) + ":" +
+           Digits(moment.second, 2);
 }
 
 }  // namespace
@@ -56,7 +56,7 @@ class Journal::File {
         : fileName_(fileName),
           clock_(clock),
           descriptor_(open(fileName.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666)) {
-        if (descriptor_ < 0) throw platform::ErrorFromErrno(errno, "open", fileName_);
+        if (descriptor_ < 0) throw platform::ErrorOfCreating(errno, "open", fileName_);
     }
     ~File() { close(descriptor_); }
     File(const File&) = delete;

@@ -13,8 +13,8 @@ namespace ui {
 
 class Journal : public platform::Operator {
   public:
-    // Appends to the file. A file that can not be opened is error 75 or 76; an event that can not
-    // be written is error 57 or 61.
+    // Appends to the file. A file that can not be opened is error 70, 75 or 76; an event that can
+    // not be written is error 57 or 61.
     Journal(const std::string& fileName, platform::Operator& next, const platform::Clock& clock);
     ~Journal() override;
 

@@ -18,7 +18,7 @@ struct PlacedTerm {
 std::vector<PlacedTerm> PlacedTerms(const RowSet& rowSet, std::string_view filter) {
     std::vector<PlacedTerm> placed;
     for (FilterTerm& term : ParseFilter(filter)) {
-        const std::size_t field = PlaceOfField(rowSet.fields, term.field);
+        const std::size_t field = PlaceOfField(rowSet.fields, term.field, rowSet.source);
         placed.push_back({field, std::move(term)});
     }
     return placed;
@@ -36,13 +36,13 @@ Value RowSaver::Fit(int, Value value) const {
 }
 
 ClientRecordset::ClientRecordset(std::shared_ptr<RowSet> rowSet, std::unique_ptr<RowSaver> saver)
-    : rowSet_(std::move(rowSet)), saver_(std::move(saver)) {}
+    : source_(rowSet->source), rowSet_(std::move(rowSet)), saver_(std::move(saver)) {}
 
 ClientRecordset::ClientRecordset(std::shared_ptr<RowSet> rowSet, std::vector<std::size_t> places)
-    : rowSet_(std::move(rowSet)), all_(std::move(places)), view_(all_) {}
+    : source_(rowSet->source), rowSet_(std::move(rowSet)), all_(std::move(places)), view_(all_) {}
 
 const RowSet& ClientRecordset::Rows() const {
-    if (!rowSet_) ThrowClosed();
+    if (!rowSet_) ThrowClosed(source_);
     return *rowSet_;
 }
 
@@ -52,7 +52,7 @@ std::size_t ClientRecordset::Count() const {
 }
 
 std::size_t ClientRecordset::CurrentPlace() const {
-    if (current_ >= Count()) ThrowNoCurrentRecord();
+    if (current_ >= Count()) ThrowNoCurrentRecord(source_);
     return view_ ? (*view_)[current_] : current_;
 }
 
@@ -74,12 +74,12 @@ long ClientRecordset::RecordCount() const {
 }
 
 void ClientRecordset::MoveFirst() {
-    if (Count() == 0) ThrowNoCurrentRecord();
+    if (Count() == 0) ThrowNoCurrentRecord(source_);
     MoveTo(0);
 }
 
 void ClientRecordset::MoveNext() {
-    if (IsEof()) ThrowNoCurrentRecord();
+    if (IsEof()) ThrowNoCurrentRecord(source_);
     MoveTo(current_ + 1);
 }
 
@@ -93,11 +93,11 @@ Value ClientRecordset::Field(std::size_t field) const {
 }
 
 Value ClientRecordset::Get(std::string_view field) const {
-    return Field(PlaceOfField(Rows().fields, field));
+    return Field(PlaceOfField(Rows().fields, field, source_));
 }
 
 Value ClientRecordset::Get(int position) const {
-    return Field(PlaceOfField(Rows().fields, position));
+    return Field(PlaceOfField(Rows().fields, position, source_));
 }
 
 void ClientRecordset::Edit() {
@@ -106,7 +106,7 @@ void ClientRecordset::Edit() {
 }
 
 void ClientRecordset::Set(std::string_view field, Value value) {
-    const std::size_t place = PlaceOfField(Rows().fields, field);
+    const std::size_t place = PlaceOfField(Rows().fields, field, source_);
     if (!change_) ThrowNotEditing();
     const int number = static_cast<int>(place);
     change_->row[place] = saver_ ? saver_->Fit(number, std::move(value)) : std::move(value);
@@ -140,8 +140,10 @@ void ClientRecordset::SetFilter(std::string_view filter) {
 }
 
 void ClientRecordset::Close() {
-    if (!rowSet_) ThrowClosed();
-    *this = ClientRecordset(nullptr);
+    if (!rowSet_) ThrowClosed(source_);
+    change_.reset();
+    saver_.reset();
+    rowSet_.reset();
 }
 
 }  // namespace platform

@@ -15,6 +15,7 @@ namespace platform {
 struct RowSet {
     std::vector<std::string> fields;
     std::vector<Row> rows;
+    std::string source = {};  // for errors: the file, the table or the query
 };
 
 // Saves a changed row where it came from.
@@ -65,6 +66,7 @@ class ClientRecordset : public Recordset {
     [[nodiscard]] Value Field(std::size_t field) const;
     void MoveTo(std::size_t number);
 
+    std::string source_;
     std::shared_ptr<RowSet> rowSet_;  // null once closed
     std::unique_ptr<RowSaver> saver_;
     std::optional<std::vector<std::size_t>> all_;   // places in the row set; every row without it

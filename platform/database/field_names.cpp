@@ -25,21 +25,24 @@ bool IsSameName(std::string_view left, std::string_view right) {
 
 }  // namespace
 
-std::size_t PlaceOfField(const std::vector<std::string>& fields, std::string_view name) {
+std::size_t PlaceOfField(const std::vector<std::string>& fields, std::string_view name,
+                         std::string_view source) {
     for (std::size_t place = 0; place < fields.size(); ++place) {
         if (IsSameName(fields[place], name)) return place;
     }
     throw RuntimeError(error_number::kFieldNotFound,
-                       "There is no field '" + std::string(name) + "' in the recordset.");
+                       std::string(source) + ": there is no field '" + std::string(name) + "'.");
 }
 
-std::size_t PlaceOfField(const std::vector<std::string>& fields, int position) {
+std::size_t PlaceOfField(const std::vector<std::string>& fields, int position,
+                         std::string_view source) {
     if (position >= 0 && static_cast<std::size_t>(position) < fields.size()) {
         return static_cast<std::size_t>(position);
     }
     throw RuntimeError(error_number::kFieldNotFound,
-                       "There is no field at position " + std::to_string(position) + " among " +
-                           std::to_string(fields.size()) + " fields.");
+                       std::string(source) + ": there is no field at position " +
+                           std::to_string(position) + " among " + std::to_string(fields.size()) +
+                           " fields.");
 }
 
 }  // namespace platform

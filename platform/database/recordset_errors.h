@@ -1,16 +1,22 @@
-// The failures that every kind of recordset raises in the same words.
+// The failures that every kind of recordset raises in the same words. `source` is where the rows
+// come from: a file, a table or a query.
 #pragma once
+
+#include <string>
+#include <string_view>
 
 #include "platform/error.h"
 
 namespace platform {
 
-[[noreturn]] inline void ThrowClosed() {
-    throw RuntimeError(error_number::kObjectClosed, "The recordset is closed.");
+[[noreturn]] inline void ThrowClosed(std::string_view source) {
+    throw RuntimeError(error_number::kObjectClosed,
+                       std::string(source) + ": the recordset is closed.");
 }
 
-[[noreturn]] inline void ThrowNoCurrentRecord() {
-    throw RuntimeError(error_number::kNoCurrentRecord, "The recordset has no current record.");
+[[noreturn]] inline void ThrowNoCurrentRecord(std::string_view source) {
+    throw RuntimeError(error_number::kNoCurrentRecord,
+                       std::string(source) + ": there is no current record.");
 }
 
 [[noreturn]] inline void ThrowNotEditing() {

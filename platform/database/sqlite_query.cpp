@@ -101,6 +101,7 @@ std::unique_ptr<Recordset> RunQuery(const std::shared_ptr<SqliteConnection>& con
     bool hasRow = query->Step();
     std::vector<TableColumn> fields = FieldsOf(*query, query->ColumnCount() - hidden);
     auto rowSet = std::make_shared<RowSet>();
+    rowSet->source = table ? table->name : std::string(sql);
     for (const TableColumn& field : fields)
         rowSet->fields.push_back(field.name);
     std::vector<RowKey> rowKeys;

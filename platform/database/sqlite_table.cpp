@@ -53,12 +53,12 @@ std::string SqliteTable::RowKeyIs(std::string_view comparison) const {
 }
 
 void SqliteTable::RequireOpen() const {
-    if (!connection_) ThrowClosed();
+    if (!connection_) ThrowClosed(table_->name);
 }
 
 const RowKey& SqliteTable::Current() const {
     RequireOpen();
-    if (!current_) ThrowNoCurrentRecord();
+    if (!current_) ThrowNoCurrentRecord(table_->name);
     return *current_;
 }
 
@@ -125,7 +125,7 @@ long SqliteTable::RecordCount() const {
 void SqliteTable::MoveFirst() {
     RequireOpen();
     MoveBehind(std::nullopt);
-    if (!current_) ThrowNoCurrentRecord();
+    if (!current_) ThrowNoCurrentRecord(table_->name);
 }
 
 void SqliteTable::MoveNext() {
@@ -139,12 +139,12 @@ int SqliteTable::FieldCount() const {
 
 Value SqliteTable::Get(std::string_view field) const {
     RequireOpen();
-    return Field(PlaceOfField(fields_, field));
+    return Field(PlaceOfField(fields_, field, table_->name));
 }
 
 Value SqliteTable::Get(int position) const {
     RequireOpen();
-    return Field(PlaceOfField(fields_, position));
+    return Field(PlaceOfField(fields_, position, table_->name));
 }
 
 Value SqliteTable::Field(std::size_t field) const {
@@ -155,18 +155,18 @@ Value SqliteTable::Field(std::size_t field) const {
     }
     StatementUse row(*readRow_);
     row->BindAll(key);
-    if (!row->Step()) ThrowNoCurrentRecord();
+    if (!row->Step()) ThrowNoCurrentRecord(table_->name);
     return row->Column(static_cast<int>(field), types_[field]);
 }
 
 void SqliteTable::Edit() {
-    if (IsEof()) ThrowNoCurrentRecord();
+    if (IsEof()) ThrowNoCurrentRecord(table_->name);
     changes_.emplace();
 }
 
 void SqliteTable::Set(std::string_view field, Value value) {
     RequireOpen();
-    const std::size_t place = PlaceOfField(fields_, field);
+    const std::size_t place = PlaceOfField(fields_, field, table_->name);
     if (!changes_) ThrowNotEditing();
     const std::string& name = fields_[place];
     Value fitted =
@@ -176,7 +176,7 @@ void SqliteTable::Set(std::string_view field, Value value) {
 }
 
 void SqliteTable::Update() {
-    if (IsEof()) ThrowNoCurrentRecord();
+    if (IsEof()) ThrowNoCurrentRecord(table_->name);
     if (!changes_) ThrowNotEditing();
     UpdateRow(*connection_, *table_, *current_, *changes_);
     changes_.reset();
@@ -186,7 +186,7 @@ void SqliteTable::SetFilter(std::string_view filter) {
     RequireOpen();
     std::vector<PlacedTerm> placed;
     for (FilterTerm& term : ParseFilter(filter)) {
-        const std::size_t field = PlaceOfField(fields_, term.field);
+        const std::size_t field = PlaceOfField(fields_, term.field, table_->name);
         placed.push_back({std::move(term), field});
     }
     filter_ = std::move(placed);
@@ -215,7 +215,7 @@ void SqliteTable::Seek(const Value& key) {
                            "The table '" + table_->name + "' has no current index to seek in.");
     }
     const std::string& column = table_->primaryKey.front();
-    const Value sought = SoughtKey(key, types_[PlaceOfField(fields_, column)]);
+    const Value sought = SoughtKey(key, types_[PlaceOfField(fields_, column, table_->name)]);
     const auto* text = sought.AsText();
     StatementUse row(connection_->Kept(
         RowsWhere(QuotedName(column) + " = ?" + (text != nullptr ? CollationFor(*text) : "")) +

@@ -1,7 +1,8 @@
 #include "platform/recordset_file/forward_recordset.h"
 
+#include "platform/database/field_names.h"
+#include "platform/database/recordset_errors.h"
 #include "platform/error.h"
-#include "platform/text.h"
 
 namespace platform {
 
@@ -13,7 +14,8 @@ namespace {
 
 }  // namespace
 
-ForwardRecordset::ForwardRecordset(std::string_view fileName) : reader_(fileName) {
+ForwardRecordset::ForwardRecordset(std::string_view fileName)
+    : fileName_(fileName), reader_(fileName) {
     isEof_ = !reader_.Next(row_);
 }
 
@@ -49,18 +51,12 @@ int ForwardRecordset::FieldCount() const {
 
 Value ForwardRecordset::Get(std::string_view field) const {
     RequireRow();
-    for (std::size_t i = 0; i < row_.size(); ++i) {
-        if (EqualsIgnoreCase(reader_.Fields()[i], field)) return row_[i];
-    }
-    throw RuntimeError(error_number::kFieldNotFound,
-                       "Item not found: no field " + std::string(field) + " in the recordset");
+    return row_[PlaceOfField(reader_.Fields(), field, fileName_)];
 }
 
 Value ForwardRecordset::Get(int position) const {
     RequireRow();
-    if (position >= 0 && position < FieldCount()) return row_[static_cast<std::size_t>(position)];
-    throw RuntimeError(error_number::kFieldNotFound,
-                       "Item not found: no field at position " + std::to_string(position));
+    return row_[PlaceOfField(reader_.Fields(), position, fileName_)];
 }
 
 void ForwardRecordset::Edit() {
@@ -82,14 +78,12 @@ void ForwardRecordset::Close() {
 }
 
 void ForwardRecordset::RequireOpen() const {
-    if (isOpen_) return;
-    throw RuntimeError(error_number::kObjectClosed,
-                       "Operation is not allowed when the object is closed");
+    if (!isOpen_) ThrowClosed(fileName_);
 }
 
 void ForwardRecordset::RequireRow() const {
     RequireOpen();
-    if (isEof_) throw RuntimeError(error_number::kNoCurrentRecord, "No current record");
+    if (isEof_) ThrowNoCurrentRecord(fileName_);
 }
 
 }  // namespace platform

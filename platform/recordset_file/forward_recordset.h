@@ -33,6 +33,7 @@ class ForwardRecordset : public Recordset {
     void RequireOpen() const;
     void RequireRow() const;
 
+    std::string fileName_;
     RecordsetFileReader reader_;
     std::vector<Value> row_;
     bool isEof_ = false;

@@ -39,6 +39,7 @@ std::unique_ptr<Recordset> PersistConnection::OpenForwardOnly(std::string_view f
 std::shared_ptr<RowSet> PersistConnection::LoadRows(std::string_view fileName) const {
     RecordsetFileReader reader(fileName);
     auto rowSet = std::make_shared<RowSet>();
+    rowSet->source = fileName;
     rowSet->fields = reader.Fields();
     Row row;
     while (reader.Next(row))

@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "platform/descriptor.h"
 #include "platform/error.h"
 #include "platform/files.h"
 #include "platform/recordset_file/value_text.h"
@@ -119,7 +120,7 @@ RecordsetFileWriter::Impl::Impl(std::string_view fileName, std::vector<Recordset
     : fileName_(fileName), columns_(std::move(columns)), aliases_(AliasesOf(columns_)) {
     AppendSchema();
     file_.reset(std::fopen(ResolvePath(fileName).c_str(), "wb"));
-    if (!file_) throw ErrorFromErrno(errno, "create", fileName);
+    if (!file_) throw ErrorOfCreating(errno, "create", ResolvePath(fileName));
     std::setvbuf(file_.get(), nullptr, _IONBF, 0);
     Flush();
 }

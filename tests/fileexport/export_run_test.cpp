@@ -125,6 +125,45 @@ TEST_F(Export, AFolderThatIsNotThereIsAnErrorThatNamesIt) {
     EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
 }
 
+TEST_F(Export, NothingIsPlacedWhereOneOfTheFilesCanNotBe) {
+    shop.folder.Write("ordre.edi", "gammel\r\n");
+    for (const char* name : {"mappe", ""}) {
+        std::filesystem::create_directories("mappe");
+        shop.settings.VoucherFileName = name;
+        shop.theOperator.answers = {kYes};
+        fileexport::ExportRun placing(shop.settings, shop.databases, shop.runState, shop.window,
+                                      shop.theOperator, shop.clock, shop.textFiles);
+        ExpectError(75, [&] { placing.ExportDataSet("K"); });
+        EXPECT_EQ(shop.folder.Read("ordre.edi"), "gammel\r\n");
+        EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+    }
+}
+
+TEST_F(Export, ErrorsNameWhereTheyHappened) {
+    const auto messageOf = [&](int number, const support::Sale& sale, const support::Line& line) {
+        shop.WriteDataSet("K", {sale}, {{}, line});
+        fileexport::ExportRun failing(shop.settings, shop.databases, shop.runState, shop.window,
+                                      shop.theOperator, shop.clock, shop.textFiles);
+        return ExpectError(number, [&] { failing.ExportDataSet("K"); });
+    };
+    const auto expect = [](const std::string& message, std::initializer_list<const char*> words) {
+        for (const char* word : words) {
+            EXPECT_NE(message.find(word), std::string::npos) << message << " lacks " << word;
+        }
+    };
+    expect(messageOf(13, {.id = 42, .customerID = "abc"}, {.saleId = 42, .transType = 13}),
+           {"Sale 42", "CustomerID", "abc"});
+    expect(messageOf(3704, {.id = 43, .type = 0}, {}), {"Sale 43", "closed"});
+    shop.InStore("INSERT INTO Tax (VatCode, Rate) VALUES (5, -100), (6, NULL)");
+    expect(messageOf(11, {}, {.vatCode = 5}), {"KDayEndSalesLines.XML, record 2"});
+    expect(messageOf(94, {}, {.vatCode = 6}), {"record 2", "Tax.Rate", "6"});
+    shop.InStore("UPDATE Options SET CashAccount = NULL");
+    expect(messageOf(94, {}, {.transType = 10}), {"Options.CashAccount"});
+    shop.InStore("ALTER TABLE Customers DROP COLUMN Fax");
+    shop.InStore("INSERT INTO Customers (ID, Status) VALUES ('1', 1)");
+    expect(messageOf(3265, {}, {}), {"Customers", "Fax"});
+}
+
 TEST_F(Export, WhatIsCollectedIsWrittenAlsoAfterAnError) {
     shop.WriteDataSet("K", {{.type = 0}}, {{}});
     {

@@ -125,6 +125,19 @@ TEST(Files, TellWhatIsMissing) {
     ExpectError(53, [&] { DeleteFile(folder.File("data.mdb")); });
 }
 
+TEST(MoveFile, KeepsLinkOwnerAndModeOfTheFileThatItReplaces) {
+    namespace fs = std::filesystem;
+    const TempFolder folder;
+    folder.Write("real.txt", "old");
+    folder.Write("new.tmp", "new");
+    fs::create_symlink("real.txt", folder.Path() / "bilag.txt");
+    fs::permissions(folder.Path() / "real.txt", fs::perms(0664));
+    MoveFile(folder.File("new.tmp"), folder.File("bilag.txt"));
+    EXPECT_TRUE(fs::is_symlink(folder.Path() / "bilag.txt"));
+    EXPECT_EQ(folder.Read("real.txt"), "new");
+    EXPECT_EQ(fs::status(folder.Path() / "real.txt").permissions(), fs::perms(0664));
+}
+
 TEST(Files, AWriteProtectedFolderIsError75) {
     if (::geteuid() == 0) GTEST_SKIP() << "the superuser may write everywhere";
     const TempFolder folder;

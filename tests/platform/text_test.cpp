@@ -38,6 +38,12 @@ TEST(Text, BrokenUtf8StaysAsItIs) {
     const std::string broken = "a\xC3(\xE2\x82 \xFF";
     EXPECT_EQ(Upper(broken), "A\xC3(\xE2\x82 \xFF");
     EXPECT_EQ(EncodeWindows1252("a\xC3("), "a?(");
+    const std::string stray =
+        "\xA7"
+        "AbcDayEndSales.xml";
+    EXPECT_EQ(Left(stray, FindIgnoreCase(stray, "DayEndSales.xml") - 1),
+              "\xA7"
+              "Abc");
 }
 
 TEST(CodePage, Windows1252) {

@@ -60,5 +60,5 @@ TEST(Journal, AFileThatCanNotBeOpenedIsAnError) {
     const support::TempFolder folder;
     support::ScriptedOperator person;
     const support::FixedClock clock;
-    support::ExpectError(53, [&] { ui::Journal(folder.File("no/journal"), person, clock); });
+    support::ExpectError(76, [&] { ui::Journal(folder.File("no/journal"), person, clock); });
 }

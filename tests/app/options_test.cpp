@@ -1,0 +1,46 @@
+#include "app/options.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace {
+
+app::ParsedOptions Parse(std::vector<const char*> arguments,
+                         app::Program program = app::Program::Terminal) {
+    arguments.insert(arguments.begin(), "program");
+    return app::ParseOptions(program, static_cast<int>(arguments.size()), arguments.data());
+}
+
+}  // namespace
+
+TEST(Options, NamesAreTakenAsTheyStand) {
+    const auto parsed = Parse({"--select", "[K1]", "--select", "A,B", "--select=[]", "--select",
+                               "<Uten navn>", "--all", "--unattended"});
+    ASSERT_TRUE(parsed.options);
+    EXPECT_EQ(parsed.options->select,
+              (std::vector<std::string>{"[K1]", "A,B", "[]", "<Uten navn>"}));
+    EXPECT_TRUE(parsed.options->all && parsed.options->unattended);
+}
+
+TEST(Options, RelativePathsAreThoseOfTheCallersDirectory) {
+    const auto parsed = Parse({"--folder", "shop", "--journal", "a/b"});
+    ASSERT_TRUE(parsed.options);
+    const std::string here = std::filesystem::current_path().string();
+    EXPECT_EQ(parsed.options->folder, here + "/shop");
+    EXPECT_EQ(parsed.options->journal, here + "/a/b");
+    EXPECT_EQ(Parse({}).options->journal, "");
+    EXPECT_TRUE(std::filesystem::is_directory(Parse({}).options->folder));
+}
+
+TEST(Options, WrongUsageIsStatus2) {
+    for (const std::vector<const char*>& wrong :
+         {std::vector<const char*>{"--no-such-option"}, {"--select"}, {"name"}}) {
+        const auto parsed = Parse(wrong);
+        EXPECT_FALSE(parsed.options);
+        EXPECT_EQ(parsed.exitStatus, 2);
+    }
+    EXPECT_EQ(Parse({"--all"}, app::Program::Window).exitStatus, 2);
+    EXPECT_EQ(Parse({"--version"}).exitStatus, 0);
+    EXPECT_FALSE(Parse({"--help"}).options);
+}
