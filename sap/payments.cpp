@@ -110,15 +110,11 @@ void AddReceiptPayment(const TransferContext& context, JournalEntries& entry,
     line.Add();
 }
 
-// Whether the entry was added; a failure is told and flags the data set.
-bool AddEntry(const TransferContext& context, JournalEntries& entry, std::int32_t sale) {
-    if (entry.Add() == 0) return true;
+void TellFailure(const TransferContext& context, std::int32_t sale) {
     context.theOperator.Show({std::nullopt,
                               "Klarte ikke opprette betaling for bong " + std::to_string(sale) +
                                   ". Noter ned nummeret og feilmelding.",
                               platform::Icon::None});
-    context.runState.DataSetHasErrors = true;
-    return false;
 }
 
 }  // namespace
@@ -142,8 +138,10 @@ void CreateReceiptPayments(const TransferContext& context, const std::int32_t& s
     for (; !result->QueryEof(); result->QueryMoveNext()) {
         AddReceiptPayment(context, entry, *result, saleId);
     }
-    if (!AddEntry(context, entry, saleId)) {
+    if (entry.Add() != 0) {
+        TellFailure(context, saleId);
         entry.SaveXML(std::to_string(entry.Number()) + ".xml");
+        context.runState.DataSetHasErrors = true;
     }
     ReportLastError(context, "Feil:");
 }
@@ -164,7 +162,10 @@ void CreateDocumentPayment(const TransferContext& context, std::int16_t paymentT
     SetPaymentSide(line, amount);
     line.Add();
 
-    (void)AddEntry(context, entry, saleNumber);
+    if (entry.Add() != 0) {
+        TellFailure(context, saleNumber);
+        context.runState.DataSetHasErrors = true;
+    }
     ReportLastError(context, "Feil:");
 }
 

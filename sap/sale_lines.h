@@ -11,6 +11,8 @@
 
 namespace sap {
 
+inline constexpr const char* kItemLines = "TransType >= 1 and TransType <= 2";
+
 class SaleLines {
   public:
     // Reads the lines file. Errors as the reader's; 3265 where there is no column SalesID.

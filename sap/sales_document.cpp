@@ -8,7 +8,7 @@
 #include "platform/norwegian.h"
 #include "platform/text.h"
 #include "sap/line_amounts.h"
-#include "sap/payments.h"
+#include "sap/payment_step.h"
 #include "store/transaction_types.h"
 
 namespace sap {
@@ -26,8 +26,6 @@ namespace trans_type = store::trans_type;
 
 constexpr const char* kItemLinesButRounding =
     "TransType >= 1 and TransType <= 2 and ProductID <> 'Avrunding'";
-constexpr const char* kItemLines = "TransType >= 1 and TransType <= 2";
-constexpr const char* kPaymentLines = "TransType >= 10";
 constexpr const char* kRoundingItemQuery = "SELECT * FROM OITM WHERE UPPER(ItemCode) = 'AVRUNDING'";
 
 constexpr std::size_t kProjectWidth = 8;
@@ -65,7 +63,7 @@ class SaleToDocument {
             ReportLastError(context_, "Found error:");
         }
         lineView->Close();
-        BookPayments();
+        BookReceiptPayments(context_, saleLines_, saleNumber_);
     }
 
     void CreateFromOrder() {
@@ -85,8 +83,6 @@ class SaleToDocument {
     }
 
   private:
-    // --- the receipt branch
-
     void SetReceiptHeader() {
         Documents& document = Document();
         SetCustomer(document);
@@ -99,6 +95,8 @@ class SaleToDocument {
         SetSalesEmployee(document);
     }
 
+    // No rounding line comes this far, for the filter compares without regard to case; the step
+    // stands for a view that would let one through.
     void AddReceiptLine(const Recordset& line) {
         const bool isRounding =
             platform::Upper(platform::ToText(line.Get("ProductID"))) == "AVRUNDING";
@@ -145,42 +143,6 @@ class SaleToDocument {
             "UPDATE " + table + " SET Printed = 'Y' WHERE DocNum = " + std::to_string(addedKey_));
     }
 
-    // Adds the receipt's payments up, and books them where the view still stands on a record. It
-    // never does after the walk, and without the walk the total is 0: so no payment of an ordinary
-    // receipt is booked. Kept on purpose: such payments are not this transfer's business.
-    void BookPayments() {
-        const auto lineView = saleLines_.Open(kPaymentLines, Value(std::int64_t{saleNumber_}));
-        double total = 0;
-        int paymentType = 0;
-        if (context_.runState.SalesLinesRecordset->RecordCount() > 0) {
-            for (; !lineView->IsEof(); lineView->MoveNext()) {
-                total += platform::ToDouble(lineView->Get("Amount"));
-                const Value code = lineView->Get("TransType");
-                paymentType = platform::Equals(code, trans_type::kChange) ? trans_type::kCash
-                                                                          : platform::ToInt32(code);
-            }
-        }
-        if (lineView->AbsolutePosition() >= 0) {
-            for (lineView->MoveFirst(); !lineView->IsEof(); lineView->MoveNext()) {
-                BookPayment(paymentType, total);
-            }
-        }
-        lineView->Close();
-    }
-
-    void BookPayment(int paymentType, double total) {
-        const bool isPayment = paymentType >= trans_type::kCash && paymentType <= 29;
-        if (total == 0 || !isPayment || Document().DocNum() <= 0) return;
-        if (paymentType != trans_type::kCash && paymentType != trans_type::kBank &&
-            paymentType <= 20) {
-            return;
-        }
-        CreateDocumentPayment(context_, static_cast<std::int16_t>(paymentType), -total,
-                              Document().CardCode(), saleNumber_);
-    }
-
-    // --- the order branch
-
     [[nodiscard]] ObjectType OrderDocument() const {
         // A return is a return whether or not orders are wanted.
         if (isCredit_) return ObjectType::Returns;
@@ -225,8 +187,6 @@ class SaleToDocument {
         }
         lines.SetDiscountPercent(LineDiscount(line));
     }
-
-    // --- what both share
 
     template <class Kind>
     [[nodiscard]] std::unique_ptr<Kind> Create(ObjectType type) const {
@@ -324,15 +284,6 @@ void CreateSalesDocument(const TransferContext& context, const SaleLines& saleLi
     } else {
         sale.CreateFromOrder();
     }
-}
-
-void ReportLastError(const TransferContext& context, const std::string& heading) {
-    platform::sapdi::Company& company = *context.objects.SAPCompany;
-    const platform::sapdi::LastError error = company.GetLastError();
-    if (error.code == 0) return;
-    context.Warn(heading + std::to_string(error.code) + "," + error.text);
-    context.runState.DataSetHasErrors = true;
-    company.StartTransaction();
 }
 
 }  // namespace sap

@@ -19,7 +19,6 @@ using app::NzText;
 using platform::Recordset;
 using platform::sapdi::TransactionEnd;
 
-constexpr const char* kItemLines = "TransType >= 1 and TransType <= 2";
 constexpr const char* kInvoicePayments = "TransType = 15";
 
 Customer CustomerOf(const Recordset& row) {
@@ -118,8 +117,10 @@ void TransferDriver::TransferSales(const std::string& dataSetName) {
     const SaleLines saleLines(*context_.runState.PersistConnection,
                               store::SalesLinesFileName(dataSetName));
     Recordset& sales = *context_.runState.SalesRecordset;
-    for (; !sales.IsEof(); sales.MoveNext())
-        TransferSale(saleLines);
+    for (; !sales.IsEof(); sales.MoveNext()) {
+        platform::AtPlace("Sale " + platform::ToText(sales.Get("ID")),
+                          [&] { TransferSale(saleLines); });
+    }
     sales.MoveFirst();
 }
 
@@ -136,8 +137,9 @@ void TransferDriver::TransferSale(const SaleLines& saleLines) {
     lines = saleLines.Open(kItemLines, sale.Get("ID"));
     const double receiptTotal = TotalOf(*lines);
     if (DocumentsAreWanted()) {
-        CreateSalesDocument(context_, saleLines, platform::ToInt16(sale.Get("ID")),
-                            platform::ToInt16(sale.Get("SalesType")), receiptTotal);
+        const std::int16_t saleNumber = platform::ToInt16(sale.Get("ID"));
+        const std::int16_t saleType = platform::ToInt16(sale.Get("SalesType"));
+        CreateSalesDocument(context_, saleLines, saleNumber, saleType, receiptTotal);
     }
     lines->Close();
 

@@ -35,10 +35,15 @@ std::optional<std::string> FindCode(CompanySession& session, const CodeTable& ta
     const std::string_view wanted = TrimRight(code);
     if (wanted.empty()) return std::nullopt;
     const std::string column(table.column);
-    const std::string sql = "SELECT " + column + " FROM " + std::string(table.table) + " WHERE " +
-                            column + " >= ?1 AND " + column + " < ?2";
+    const std::string select =
+        "SELECT " + column + " FROM " + std::string(table.table) + " WHERE " + column;
+    // Nearly every code is spelled as the company has it, but for the case of A to Z.
+    const std::vector<Row> same = session.Run(select + " = ?1", {std::string(wanted)});
+    if (!same.empty()) return *same.front().front().AsText();
+
     IndexRange range = RangeOf(wanted);
-    for (const Row& row : session.Run(sql, {std::move(range.first), std::move(range.last)})) {
+    for (const Row& row : session.Run(select + " >= ?1 AND " + column + " < ?2",
+                                      {std::move(range.first), std::move(range.last)})) {
         const std::string* stored = row.front().AsText();
         if (stored != nullptr && EqualsIgnoreCase(TrimRight(*stored), wanted)) return *stored;
     }

@@ -131,8 +131,11 @@ std::int32_t LocalDocuments::Add() {
     const std::int32_t code = session_->Add([&] {
         RequireCustomerAndItems();
         RequireKnownCodes();
-        // Added documents are looked up by their number, which is no key.
-        session_->IndexUntilEnd(tables_.head, "DocNum");
+        // Invoices and credit notes are marked by their number, which is no key, once they are
+        // added.
+        const bool isMarked =
+            tables_.type == ObjectType::Invoices || tables_.type == ObjectType::CreditNotes;
+        if (isMarked) session_->IndexUntilEnd(tables_.head, "DocNum");
         key = content_.Insert(*session_, content_.Lines().size());
         return std::to_string(key);
     });

@@ -19,8 +19,6 @@ constexpr std::string_view kPriceLists = "SELECT ListNum FROM OPLN ORDER BY List
 constexpr std::string_view kSetPrice =
     "INSERT INTO ITM1 (ItemCode, PriceList, Price) VALUES (?1, ?2, ?3) "
     "ON CONFLICT (ItemCode, PriceList) DO UPDATE SET Price = excluded.Price";
-constexpr std::string_view kAddMissingPrice =
-    "INSERT INTO ITM1 (ItemCode, PriceList, Price) VALUES (?1, ?2, ?3) ON CONFLICT DO NOTHING";
 
 class LocalPriceList : public ItemPriceList {
   public:
@@ -42,8 +40,7 @@ class LocalPriceList : public ItemPriceList {
 
     void SaveChanges(const std::string& itemCode) {
         for (const Line& line : Lines()) {
-            session_.Run(line.price ? kSetPrice : kAddMissingPrice,
-                         {itemCode, line.listNumber, line.price.value_or(0)});
+            if (line.price) session_.Run(kSetPrice, {itemCode, line.listNumber, *line.price});
         }
     }
 

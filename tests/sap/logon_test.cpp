@@ -86,6 +86,7 @@ TEST_F(Logon, ParametersInOrderAndTheFailureIsTold) {
     EXPECT_EQ(shop.theOperator.shown,
               std::vector<std::string>{
                   "Feil ved pålogging til SAP.\nSAP feilkode var -10: Login failed"});
+    EXPECT_EQ(shop.theOperator.boxes, "!T ");
 }
 
 TEST_F(Logon, TrustedLogin) {

@@ -44,6 +44,8 @@ TEST_F(MasterDataToSap, Customers) {
     EXPECT_EQ(shop.theOperator.shown[0], "Fikk ikke opprettet kunde 2001 - Bø AS");
     EXPECT_EQ(shop.theOperator.shown[1].find("Found error:-2035,"), 0U);
 
+    EXPECT_EQ(shop.theOperator.boxes, "!T - ");
+
     customer.Name = "Nytt navn";
     EXPECT_TRUE(UpdateCustomerInSAP(shop.context, customer));
     EXPECT_EQ(shop.AskCompany("SELECT CardName, Fax FROM OCRD WHERE CardCode = '2001'"),

@@ -120,6 +120,7 @@ TEST_F(Payments, AnEntryThatIsNotAddedIsToldAndKeptAsAFile) {
     EXPECT_EQ(shop.theOperator.shown[1].find("Feil:-5002,"), 0U);
     EXPECT_TRUE(shop.runState.DataSetHasErrors);
     EXPECT_TRUE(shop.folder.Has("0.xml"));
+    EXPECT_EQ(shop.theOperator.boxes, "- !T ");
     EXPECT_TRUE(shop.objects.SAPCompany->InTransaction());
 }
 

@@ -150,6 +150,7 @@ TEST_F(SalesDocument, AFailedDocumentIsToldKeptAsAFileAndFollowedByANewTransacti
     EXPECT_TRUE(shop.runState.DataSetHasErrors);
     EXPECT_NE(shop.folder.Read("SAP_ERR_1_17.xml").find("ukjent"), std::string::npos);
     EXPECT_TRUE(shop.objects.SAPCompany->InTransaction());
+    EXPECT_EQ(shop.theOperator.boxes, "!T !T ");
     Send({.id = 18, .type = 2}, {{.saleId = 18, .productID = "X"}});
     EXPECT_EQ(shop.theOperator.shown[2], "Fikk ikke lagt til dokument 18");
     EXPECT_TRUE(shop.folder.Has("SAP_ERR_2_18.xml"));

@@ -95,6 +95,7 @@ TEST_F(Transfer, EarlyEnds) {
     shop.WriteDataSet("K", {}, {{}});
     Send({});
     EXPECT_EQ(shop.theOperator.shown.at(1), "Det er ingenting å overføre.");
+    EXPECT_EQ(shop.theOperator.boxes, "!T iT ");
     ExpectError(91, [&] { (void)shop.runState.SalesRecordset->IsEof(); });
 
     std::filesystem::remove("KDayEndSalesLines.XML");
@@ -116,11 +117,40 @@ TEST_F(Transfer, NoDayEndLeavesTheDocumentsOut) {
     ExpectError(91, [&] { shop.driver.TransferDataSetToSAP("K"); });
 }
 
+TEST_F(Transfer, TwoDaysOneAfterTheOtherAndOrdersAmongThem) {
+    shop.settings.SAPPassword = "";
+    shop.WriteDataSet("K",
+                      {{.id = 1, .type = 2}, {.id = 2, .type = 2}, {.id = 3, .customerID = "?"}},
+                      {{.saleId = 1}, {.saleId = 2, .amount = -5.0, .qty = -1.0}, {.saleId = 3}});
+    shop.theOperator.inputs = {"hemmelig"};
+    Send({});
+    EXPECT_TRUE(shop.runState.DataSetHasErrors);
+    shop.WriteDataSet("K", {{.id = 4, .type = 2}}, {{.saleId = 4}});
+    shop.theOperator.inputs = {"hemmelig"};
+    Send({kYes});
+    EXPECT_EQ(shop.AskCompany("SELECT Ref1 FROM ODLN"), "4|");
+    EXPECT_EQ(shop.AskCompany("SELECT count(*) FROM ORDN"), "0|");
+    EXPECT_TRUE(IsFinished());
+}
+
+TEST_F(Transfer, AMalformedSalesFileEndsBeforeTheLogonAMalformedLinesFileAfterTheMasterData) {
+    shop.InStore("INSERT INTO Customers (ID, Name, Status) VALUES ('2001', 'Ny', 1)");
+    const std::string whole = shop.folder.Read("KDayEndSales.XML");
+    shop.folder.Write("KDayEndSales.XML", whole.substr(0, whole.size() - 20));
+    ExpectError(321, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    EXPECT_FALSE(shop.objects.SAPCompany);
+    shop.folder.Write("KDayEndSales.XML", whole);
+    shop.folder.Write("KDayEndSalesLines.XML", whole.substr(0, whole.size() - 20));
+    ExpectError(321, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    EXPECT_EQ(shop.AskStore("SELECT Status FROM Customers"), "0");
+}
+
 TEST_F(Transfer, NumbersThatDoNotFit) {
-    shop.WriteDataSet("K", {{.id = 32768}}, {{.saleId = 32768}});
-    ExpectError(6, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    shop.WriteDataSet("K", {{.id = 32768, .type = platform::Value()}}, {{.saleId = 32768}});
+    const std::string text = ExpectError(6, [&] { shop.driver.TransferDataSetToSAP("K"); });
     shop.WriteDataSet("K", {{.id = 1}}, {{.amount = platform::Value()}});
     ExpectError(94, [&] { shop.driver.TransferDataSetToSAP("K"); });
     shop.WriteDataSet("K", {{.id = platform::Value()}}, {{}});
     ExpectError(3075, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    EXPECT_NE(text.find("Sale 32768"), std::string::npos) << text;
 }

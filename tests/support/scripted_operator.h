@@ -19,7 +19,13 @@ class ScriptedOperator : public platform::Operator {
         EXPECT_TRUE(inputs.empty()) << inputs.size() << " inputs were not asked for";
     }
 
-    void Show(const platform::Notice& notice) override { shown.push_back(notice.text); }
+    void Show(const platform::Notice& notice) override {
+        shown.push_back(notice.text);
+        const bool hasTitle = notice.title.has_value();
+        boxes += notice.icon == platform::Icon::Exclamation   ? (hasTitle ? "!T " : "! ")
+                 : notice.icon == platform::Icon::Information ? (hasTitle ? "iT " : "i ")
+                                                              : (hasTitle ? "T " : "- ");
+    }
 
     [[nodiscard]] platform::Answer Ask(const platform::Question& question) override {
         asked.push_back(question);
@@ -41,6 +47,7 @@ class ScriptedOperator : public platform::Operator {
     std::deque<std::string> inputs;
 
     std::vector<std::string> shown;
+    std::string boxes;  // of each notice its icon, and T where it has a title of its own
     std::vector<platform::Question> asked;
     std::vector<platform::InputRequest> prompted;
     std::vector<std::string> status;

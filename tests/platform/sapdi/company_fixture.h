@@ -11,6 +11,7 @@
 #include <string_view>
 #include <utility>
 
+#include "demo/company_database.h"
 #include "platform/database/sqlite_engine.h"
 #include "platform/sapdi/local_company.h"
 #include "tests/support/temp_folder.h"
@@ -19,38 +20,13 @@ namespace platform::sapdi {
 
 inline constexpr std::string_view kPassword = "landhandel";
 
-inline constexpr std::string_view kCompanyTables[] = {
-    R"(CREATE TABLE OUSR (USER_CODE TEXT COLLATE NOCASE PRIMARY KEY, PASSWORD TEXT))",
-    R"(CREATE TABLE OADM (DflDebAct TEXT))",
-    R"(CREATE TABLE OACT (AcctCode TEXT COLLATE NOCASE PRIMARY KEY, AcctName TEXT))",
-    R"(CREATE TABLE OCRD (CardCode TEXT COLLATE NOCASE PRIMARY KEY, CardName TEXT, Phone1 TEXT,
-        Fax TEXT, E_Mail TEXT, Address TEXT, Block TEXT, City TEXT, ZipCode TEXT,
-        DebPayAcct TEXT))",
-    R"(CREATE TABLE OITM (ItemCode TEXT COLLATE NOCASE PRIMARY KEY, ItemName TEXT))",
-    R"(CREATE TABLE OPLN (ListNum INTEGER PRIMARY KEY, ListName TEXT))",
-    R"(CREATE TABLE ITM1 (ItemCode TEXT COLLATE NOCASE, PriceList INTEGER, Price REAL,
-        PRIMARY KEY (ItemCode, PriceList)))",
-    R"(CREATE TABLE OJDT (TransId INTEGER PRIMARY KEY AUTOINCREMENT, Number INTEGER, RefDate TEXT,
-        DueDate TEXT, TaxDate TEXT, Memo TEXT))",
-    R"(CREATE TABLE JDT1 (TransId INTEGER, Line_ID INTEGER, Account TEXT, ShortName TEXT,
-        Debit REAL, Credit REAL, PRIMARY KEY (TransId, Line_ID)))",
+inline constexpr std::string_view kCompanyRows[] = {
     R"(INSERT INTO OADM VALUES ('1500'))",
     R"(INSERT INTO OACT VALUES ('1500', 'Kundefordringer'), ('1900', 'Kasse'), ('3000', 'Salg'))",
     R"(INSERT INTO OPLN VALUES (7, 'Kost'), (3, 'Utsalg'))",
     R"(INSERT INTO OCRD (CardCode, DebPayAcct) VALUES ('1000', '1510'), ('Ærlig AS', NULL))",
     R"(INSERT INTO OITM VALUES ('kaffe', 'Kaffe'), ('TE ', 'Te'))",
 };
-
-inline constexpr std::string_view kDocumentColumns =
-    R"( (DocEntry INTEGER PRIMARY KEY AUTOINCREMENT, DocNum INTEGER,
-        CardCode TEXT COLLATE NOCASE, CardName TEXT, NumAtCard TEXT, Ref1 TEXT, Ref2 TEXT,
-        DocDate TEXT, TaxDate TEXT, Comments TEXT, OwnRef TEXT, SlpCode INTEGER,
-        Printed TEXT DEFAULT 'N'))";
-
-inline constexpr std::string_view kDocumentLineColumns =
-    R"( (DocEntry INTEGER, LineNum INTEGER, ItemCode TEXT COLLATE NOCASE, Dscription TEXT,
-        Quantity REAL, Price REAL, DiscPrcnt REAL, AcctCode TEXT, Project TEXT, OcrCode TEXT,
-        PRIMARY KEY (DocEntry, LineNum)))";
 
 // The kinds of documents with their tables: OINV and INV1, and so on.
 inline constexpr std::pair<ObjectType, std::string_view> kDocuments[] = {
@@ -81,13 +57,9 @@ class CompanyTest : public ::testing::Test {
     CompanyTest() {
         const auto database = engine_.CreateDatabase(folder_.File("Demo.company"));
         const auto transaction = database->BeginTransaction();
-        for (const std::string_view sql : kCompanyTables)
+        demo::CreateCompanyTables(*database);
+        for (const std::string_view sql : kCompanyRows)
             database->Execute(sql);
-        for (const auto& [type, name] : kDocuments) {
-            const std::string table(name);
-            database->Execute("CREATE TABLE O" + table + std::string(kDocumentColumns));
-            database->Execute("CREATE TABLE " + table + "1" + std::string(kDocumentLineColumns));
-        }
         crypt_data scratch{};
         const Value hash = crypt_r(std::string(kPassword).c_str(), "$6$salt", &scratch);
         database->Prepare("INSERT INTO OUSR VALUES ('manager', ?1), ('empty', ''), ('none', NULL)")
