@@ -28,9 +28,9 @@ namespace platform {
 [[nodiscard]] std::vector<std::string> ListFiles(std::string_view folder,
                                                  std::string_view patterns);
 
-// Gives the file `from` the name `to` in one step; an existing file of that name is replaced, and its
-// owner and mode are taken over; a link of that name stays and the file behind it is replaced. Where
-// the two lie on different file systems: copied beside the target, synced, then put in place.
+// Gives the file `from` the name `to` in one step; an existing file of that name is replaced, and
+// its owner and mode are taken over; a link of that name stays and the file behind it is replaced.
+// Where the two lie on different file systems: copied beside the target, synced, then put in place.
 void MoveFile(std::string_view from, std::string_view to);
 
 void DeleteFile(std::string_view name);  // 53 where there is none
@@ -38,8 +38,8 @@ void DeleteFile(std::string_view name);  // 53 where there is none
 // Error 75 (76 for a missing folder) unless files can be created in the folder that holds `name`.
 void RequireWritableFolderOf(std::string_view name);
 
-// Error 75 unless a file of that name can be put in place: the name is empty or a folder's, or files
-// can not be created beside it (76 where their folder is missing).
+// Error 75 unless a file of that name can be put in place: the name is empty or a folder's, or
+// files can not be created beside it (76 where their folder is missing).
 void RequirePlaceForFile(std::string_view name);
 
 void ChangeDirectory(std::string_view folder);  // 76 where there is none

@@ -7,10 +7,11 @@
 build_packages=(
     g++ cmake ninja-build
     libsqlite3-dev libexpat1-dev libcrypt-dev libcli11-dev nlohmann-json3-dev
+    qt6-base-dev libqt6svg6
 )
 
 # To test them, and to check how the sources are written.
-test_packages=(libgtest-dev libbenchmark-dev sqlite3 clang-format clang-tidy)
+test_packages=(libgtest-dev libbenchmark-dev sqlite3 clang-format clang-tidy xvfb xdotool)
 
 # install_packages NAME...: installs those that are missing, as root or through sudo.
 install_packages() {

@@ -7,9 +7,9 @@
 
 namespace platform {
 
-// Groups the changes that follow on a connection. What was saved is kept also when the scope is left
-// by an error: a row that an export has written is marked, whatever comes after it. Only where the
-// write to disk itself fails (error of Commit) is nothing of the group saved.
+// Groups the changes that follow on a connection. What was saved is kept also when the scope is
+// left by an error: a row that an export has written is marked, whatever comes after it. Only where
+// the write to disk itself fails (error of Commit) is nothing of the group saved.
 class Batch {
   public:
     explicit Batch(Database& database) : transaction_(database.BeginTransaction()) {}

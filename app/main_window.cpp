@@ -1,0 +1,26 @@
+// KVDayEndServer: the server behind the operator window.
+
+#include <QApplication>
+
+#include "app/options.h"
+#include "app/server.h"
+#include "ui/window/window_operator.h"
+
+int main(int argc, char** argv) {
+    const app::ParsedOptions parsed = app::ParseOptions(app::Program::Window, argc, argv);
+    if (!parsed.options) return parsed.exitStatus;
+
+    int toolkitArguments = 1;  // the options are ours alone
+    const QApplication application(toolkitArguments, argv);
+    QApplication::setDesktopFileName("KVDayEndServer");
+    QApplication::setWindowIcon(ui::ProgramIcon());
+
+    ui::WindowOperator face;
+    return app::RunServer(*parsed.options, face,
+                          [&face](app::StartUp& server, platform::Operator& theOperator) {
+                              ui::MainWindow window(server.Window(), server.Driver(), theOperator);
+                              face.ConnectTo(window);
+                              window.show();
+                              return QApplication::exec();
+                          });
+}
