@@ -13,6 +13,9 @@ build_packages=(
 # To test them, and to check how the sources are written.
 test_packages=(libgtest-dev libbenchmark-dev sqlite3 clang-format clang-tidy xvfb xdotool)
 
+# What bench/compare sets the programs against, and measures with.
+bench_packages=(python3 sqlite3 libxml2-utils time)
+
 # install_packages NAME...: installs those that are missing, as root or through sudo.
 install_packages() {
     local installed missing=() name as_root=()
