@@ -1,8 +1,11 @@
 #include "app/server.h"
 
+#include <optional>
+
 #include "platform/clock.h"
 #include "platform/database/sqlite_engine.h"
 #include "platform/error.h"
+#include "platform/folder_lock.h"
 #include "platform/process.h"
 #include "platform/profile_file.h"
 #include "platform/sapdi/local_company.h"
@@ -18,9 +21,12 @@ int RunWith(const Options& options, platform::Operator& theOperator, platform::C
     platform::ProfileFiles profileFiles;
     platform::SqliteEngine databaseEngine;
     platform::sapdi::LocalConnector sapConnector(databaseEngine, options.folder);
+    std::optional<platform::FolderLock> lock;  // held until the last file of `server` is closed
     StartUp server(options.folder, {theOperator, clock, processStarter, profileFiles,
                                     databaseEngine, sapConnector});
     try {
+        // The list changes nothing, so it may be asked for beside a server that works.
+        if (!options.list) lock.emplace(options.folder);
         if (server.Main() == AfterStartUp::EndProgram) return kExitFatal;
         return afterMain(server, theOperator);
     } catch (const std::exception&) {

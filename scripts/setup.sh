@@ -11,7 +11,9 @@ build_packages=(
 )
 
 # To test them, and to check how the sources are written.
-test_packages=(libgtest-dev libbenchmark-dev sqlite3 clang-format clang-tidy xvfb xdotool)
+test_packages=(
+    libgtest-dev libbenchmark-dev python3 sqlite3 clang-format clang-tidy xvfb xdotool
+)
 
 # What bench/compare sets the programs against, and measures with.
 bench_packages=(python3 sqlite3 libxml2-utils time)
