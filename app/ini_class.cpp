@@ -32,7 +32,7 @@ const std::string& TextArray::operator()(int index) const {
 
 void TextArray::GrowTo(int upperBound) {
     if (upperBound > UpperBound())
-        texts_.resize(static_cast<std::size_t>(upperBound - lowerBound_ + 1));
+        texts_.resize(static_cast<std::size_t>(upperBound - lowerBound_) + 1);
 }
 
 void TextArray::Set(int index, std::string text) {

@@ -19,6 +19,7 @@ struct DateTime {
     std::int8_t minute = 0;
     std::int8_t second = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): takes the generated comparisons for ones with 0.
     friend auto operator<=>(const DateTime&, const DateTime&) = default;
 };
 
