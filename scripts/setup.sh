@@ -25,7 +25,8 @@ install_packages() {
         echo "This is no Debian system; these packages are taken to be there: $*" >&2
         return
     fi
-    installed=$(dpkg-query -W -f '${binary:Package} ${db:Status-Status}\n' "$@" 2>/dev/null |
+    # dpkg-query fails where it does not know one of the names, which is how a missing one shows.
+    installed=$({ dpkg-query -W -f '${binary:Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true; } |
         sed -n 's/^\([^: ]*\)\(:[^ ]*\)\? installed$/\1/p')
     for name in "$@"; do
         grep -qxF -- "$name" <<<"$installed" || missing+=("$name")
