@@ -1,6 +1,7 @@
 #include "platform/database/sql_text.h"
 
 #include <algorithm>
+#include <charconv>
 #include <initializer_list>
 #include <optional>
 
@@ -83,6 +84,16 @@ void OrderGroups(std::string_view sql, const Tokens& tokens, std::vector<TextEdi
     edits.push_back({EndOfTokenBefore(tokens, orderPlace), 0, " ORDER BY " + std::string(list)});
 }
 
+// Digits alone that fit a whole number; anything else is left to the engine.
+std::optional<std::int64_t> WholeNumber(const SqlToken& token) {
+    std::int64_t number = 0;
+    const char* const end = token.text.data() + token.text.size();
+    const auto result = std::from_chars(token.text.data(), end, number);
+    if (token.kind != SqlTokenKind::Number || result.ec != std::errc() || result.ptr != end)
+        return std::nullopt;
+    return number;
+}
+
 bool IsChangeOrQuery(const SqlToken& first) {
     return IsAnyOf(first, {"SELECT", "DELETE", "UPDATE", "INSERT", "REPLACE", "WITH"});
 }
@@ -132,6 +143,24 @@ std::string ToEngineDialect(std::string_view sql) {
     CollateTexts(tokens, edits);
     OrderGroups(sql, tokens, edits);
     return Edited(sql, std::move(edits));
+}
+
+ParameterizedSql NumbersAsParameters(std::string_view sql) {
+    const Tokens tokens = SqlTokens(sql);
+    const bool hasParameters =
+        std::ranges::any_of(tokens, [](const SqlToken& token) { return token.Is("?"); });
+    if (hasParameters) return {std::string(sql), {}};
+
+    std::vector<TextEdit> edits;
+    std::vector<Value> numbers;
+    for (std::size_t i = 1; i < tokens.size(); ++i) {
+        if (!IsComparison(tokens[i - 1])) continue;
+        const std::optional<std::int64_t> number = WholeNumber(tokens[i]);
+        if (!number) continue;
+        edits.push_back({tokens[i].offset, tokens[i].text.size(), "?"});
+        numbers.emplace_back(*number);
+    }
+    return {Edited(sql, std::move(edits)), std::move(numbers)};
 }
 
 std::string WholeTableOf(std::string_view sql) {

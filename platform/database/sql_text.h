@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/value.h"
+
 namespace platform {
 
 // A name as SQL takes it, whatever it is: "SalesLines".
@@ -18,6 +20,16 @@ namespace platform {
 // `sql` as the engine is to run it: DELETE without the star, texts compared without regard to case,
 // and the rows of a grouping query in the order of their groups where no other order is given.
 [[nodiscard]] std::string ToEngineDialect(std::string_view sql);
+
+// A text whose numbers stand in `numbers`, in their order, with a parameter in the place of each.
+struct ParameterizedSql {
+    std::string text;
+    std::vector<Value> numbers;
+};
+
+// Takes the whole numbers behind comparisons out of a text without parameters: texts that differ in
+// nothing else become one, which is prepared once.
+[[nodiscard]] ParameterizedSql NumbersAsParameters(std::string_view sql);
 
 // The table of a query of the form SELECT * FROM table [WHERE ...] [ORDER BY ...]; empty for any
 // other text.

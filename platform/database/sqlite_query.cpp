@@ -95,7 +95,9 @@ std::unique_ptr<Recordset> RunQuery(const std::shared_ptr<SqliteConnection>& con
     const std::shared_ptr<const TableInfo> table = ChangeableTable(*connection, text);
     if (table) text = WithRowKey(text, table->rowKey);
 
-    StatementUse query(connection->Kept(text));
+    const ParameterizedSql parameterized = NumbersAsParameters(text);
+    StatementUse query(connection->Kept(parameterized.text));
+    query->BindAll(parameterized.numbers);
     const int hidden = table ? static_cast<int>(table->rowKey.size()) : 0;
     // A statement that was kept learns of a changed table with its first step.
     bool hasRow = query->Step();

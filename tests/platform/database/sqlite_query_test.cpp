@@ -122,6 +122,25 @@ TEST_F(SqliteQueryTest, ComparesTextsWithoutRegardToCase) {
     EXPECT_EQ(One("SELECT count(*) FROM T"), Value(3));
 }
 
+TEST_F(SqliteQueryTest, ComparesNumbersAsTheyStandInTheText) {
+    Run({"CREATE TABLE T (ID TEXT, N INTEGER, Part DOUBLE, Plain)",
+         "INSERT INTO T VALUES ('7', 7, 7.5, 7), ('007', -7, 9.3e18, '7'), ('x', 70, 0, NULL)"});
+    const auto count = [&](const char* condition) {
+        return One(std::string("SELECT count(*) FROM T WHERE ") + condition);
+    };
+    EXPECT_EQ(count("N = 7"), Value(1));
+    EXPECT_EQ(count("N = 70"), Value(1)) << "another number in the same text";
+    EXPECT_EQ(count("N = -7 OR N >= 7 AND N < 70"), Value(2));
+    EXPECT_EQ(count("N BETWEEN 7 AND 70 AND Part = 7.5"), Value(1));
+    EXPECT_EQ(count("ID = 7"), Value(1)) << "a text column compares the number's text";
+    EXPECT_EQ(count("Plain = 7"), Value(1))
+        << "an undeclared column compares no text with a number";
+    EXPECT_EQ(count("Part > 9223372036854775808"), Value(1)) << "beyond the whole numbers";
+    EXPECT_EQ(count("N = 7 /* N = 8 */ AND '= 7' = '= 7'"), Value(1));
+    EXPECT_EQ(One("SELECT N FROM T WHERE N >= 7 ORDER BY 1 DESC LIMIT 1"), Value(70));
+    EXPECT_EQ(One("SELECT count(*) FROM T WHERE N = ? OR N = 7"), Value(1)) << "? is null";
+}
+
 TEST_F(SqliteQueryTest, SavesChangesToTheRowTheyCameFrom) {
     Run({"CREATE TABLE T (rowid TEXT, Status SMALLINT, Day DATETIME, Flag BOOLEAN, Name TEXT)",
          "INSERT INTO T VALUES ('x', 1, NULL, 0, 'a'), ('x', 2, NULL, 0, 'b'), ('x', 3, NULL, 0, "
