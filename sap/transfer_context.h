@@ -2,6 +2,12 @@
 // replaced, and what they are handed from outside.
 #pragma once
 
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "app/app_settings.h"
 #include "platform/object_variable.h"
 #include "platform/operator.h"
@@ -37,10 +43,14 @@ struct TransferContext {
         theOperator.Show({AppSettings.AppTitle, text, platform::Icon::Exclamation});
     }
 
-    // A field of the store's Options row.
-    [[nodiscard]] platform::Value Option(std::string_view field) const {
-        return databases.OptionsTable->Get(field);
-    }
+    // A field of the store's Options row: as it is or, while the sales of a day are transferred, as
+    // it was when that day first asked for it.
+    [[nodiscard]] platform::Value Option(std::string_view field) const;
+
+    // What the day has read of the row. One set of options holds for all documents of a day, and a
+    // table recordset goes to the file with every read, which took a fifth of the transfer.
+    using ReadOptions = std::map<std::string, platform::Value, std::less<>>;
+    mutable std::optional<ReadOptions> optionsOfDay = std::nullopt;
 };
 
 // Looks at the outcome of the last add. On an error, tells it with `heading` in front of code and

@@ -116,12 +116,14 @@ void TransferDriver::TransferMasterData() {
 void TransferDriver::TransferSales(const std::string& dataSetName) {
     const SaleLines saleLines(*context_.runState.PersistConnection,
                               store::SalesLinesFileName(dataSetName));
+    context_.optionsOfDay.emplace();
     Recordset& sales = *context_.runState.SalesRecordset;
     for (; !sales.IsEof(); sales.MoveNext()) {
         platform::AtPlace("Sale " + platform::ToText(sales.Get("ID")),
                           [&] { TransferSale(saleLines); });
     }
     sales.MoveFirst();
+    context_.optionsOfDay.reset();
 }
 
 void TransferDriver::TransferSale(const SaleLines& saleLines) {
