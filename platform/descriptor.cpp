@@ -72,6 +72,10 @@ int CopyAll(int from, int to) {
     }
 }
 
+void BeginSync(int descriptor) {
+    (void)::sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
 int SyncContent(int descriptor) {
     return ::fdatasync(descriptor) == 0 || errno == EINVAL ? 0 : errno;
 }

@@ -37,6 +37,10 @@ class Descriptor {
 // Copies from where `from` stands to its end, to where `to` stands.
 [[nodiscard]] int CopyAll(int from, int to);
 
+// Has the system begin to put the content on disk, without waiting and without a promise: a later
+// SyncContent has less to wait for.
+void BeginSync(int descriptor);
+
 // Asks the system to put the content on disk; a device that has no disk is no failure.
 [[nodiscard]] int SyncContent(int descriptor);
 

@@ -2,6 +2,7 @@
 // that is open can not be opened or copied onto again (error 55), whatever its spelling.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -38,13 +39,15 @@ class TextFile {
     TextFile(TextFiles& table, std::filesystem::path path, int descriptor);
     void RequireOpen() const;
     void Flush();
-    int WriteCollected();  // an errno value, 0 for none
-    int Leave();           // closes and leaves the table; likewise
+    int WriteCollected();               // an errno value, 0 for none
+    int Write(std::string_view& rest);  // likewise; takes what is written off its front
+    int Leave();                        // closes and leaves the table; likewise
 
     TextFiles& table_;
     std::filesystem::path path_;
     int descriptor_;
     std::string buffer_;
+    std::size_t sinceSync_ = 0;  // bytes written since the disk was last set to work
 };
 
 // One line in the file's own bytes: code page and CR LF.
