@@ -4,14 +4,14 @@
 #include <vector>
 
 #include "platform/error.h"
-#include "platform/recordset_file/reader.h"
+#include "platform/recordset_file/read_ahead.h"
 #include "store/data_set.h"
 
 namespace store {
 
 namespace {
 
-using platform::RecordsetFileReader;
+using platform::ReadAhead;
 using platform::RuntimeError;
 using platform::TableAppender;
 using platform::Value;
@@ -38,7 +38,7 @@ void AppendRow(const std::vector<Value>& row, TableAppender& table) {
 
 // Copies the rows up to the first one that the table refuses, whose error is the answer. The file
 // is read to its end in any case: a malformed file outweighs a refused row.
-std::optional<RuntimeError> CopyRows(RecordsetFileReader& file, const std::string& fileName,
+std::optional<RuntimeError> CopyRows(ReadAhead& file, const std::string& fileName,
                                      TableAppender& table) {
     std::optional<RuntimeError> refusal;
     std::vector<Value> row;
@@ -55,7 +55,7 @@ std::optional<RuntimeError> CopyRows(RecordsetFileReader& file, const std::strin
 
 void ImportFile(const std::string& fileName, const ImportedTable& table,
                 platform::Database& workConnection) {
-    RecordsetFileReader file(fileName);
+    ReadAhead file(fileName);
     // One transaction from the emptying on: a file that turns out malformed leaves the old rows.
     const auto transaction = workConnection.BeginTransaction();
     workConnection.Execute(table.deletion);

@@ -76,6 +76,7 @@ class RecordsetFileReader::Impl {
 
     [[nodiscard]] const RecordsetDocument& Document() const { return document_; }
     [[nodiscard]] bool Next(std::vector<Value>& row);
+    [[nodiscard]] long BytesRead() const { return bytesFed_; }
 
   private:
     void ParseOn();
@@ -237,6 +238,10 @@ bool RecordsetFileReader::Next(std::vector<Value>& row) {
 
 long RecordsetFileReader::RecordNumber() const {
     return impl_->Document().RowsTaken();
+}
+
+long RecordsetFileReader::BytesRead() const {
+    return impl_->BytesRead();
 }
 
 }  // namespace platform

@@ -32,6 +32,9 @@ class RecordsetFileReader {
     // The number of the row that Next gave last, from 1.
     [[nodiscard]] long RecordNumber() const;
 
+    // How much of the file has been read, in bytes; up to some way behind the row that Next gave.
+    [[nodiscard]] long BytesRead() const;
+
   private:
     class Impl;
     std::unique_ptr<Impl> impl_;

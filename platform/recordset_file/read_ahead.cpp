@@ -1,0 +1,82 @@
+#include "platform/recordset_file/read_ahead.h"
+
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr std::size_t kBatches = 3;  // one that is read, one that waits, one that is taken from
+constexpr std::size_t kBatchRows = 256;
+constexpr long kBatchBytes = 512L * 1024;
+
+}  // namespace
+
+ReadAhead::ReadAhead(std::string_view fileName)
+    : file_(fileName),
+      empty_(kBatches - 1),
+      thread_([this](const std::stop_token& stop) { ReadOn(stop); }) {}
+
+bool ReadAhead::Next(std::vector<Value>& row) {
+    while (taken_ == current_.count) {
+        if (current_.failure) std::rethrow_exception(current_.failure);
+        if (current_.isLast) return false;
+        TakeBatch();
+    }
+    row.swap(current_.rows[taken_++]);
+    ++recordNumber_;
+    return true;
+}
+
+void ReadAhead::TakeBatch() {
+    std::unique_lock lock(mutex_);
+    // The room of the rows is used again, but not that of long ones: it would be kept in every row.
+    empty_.push_back(current_.isLong ? Batch() : std::move(current_));
+    changed_.notify_one();
+    changed_.wait(lock, [this] { return !filled_.empty(); });
+    current_ = std::move(filled_.front());
+    filled_.pop_front();
+    taken_ = 0;
+}
+
+void ReadAhead::ReadOn(const std::stop_token& stop) {
+    for (bool isLast = false; !isLast;) {
+        std::unique_lock lock(mutex_);
+        if (!changed_.wait(lock, stop, [this] { return !empty_.empty(); })) return;
+        Batch batch = std::move(empty_.front());
+        empty_.pop_front();
+        lock.unlock();
+
+        Fill(batch);
+
+        lock.lock();
+        isLast = batch.isLast;
+        filled_.push_back(std::move(batch));
+        changed_.notify_one();
+    }
+}
+
+void ReadAhead::Fill(Batch& batch) {
+    batch.rows.resize(kBatchRows);
+    batch.count = 0;
+    try {
+        ReadRows(batch);
+    } catch (...) {
+        batch.failure = std::current_exception();
+        batch.isLast = true;
+    }
+}
+
+void ReadAhead::ReadRows(Batch& batch) {
+    const long start = file_.BytesRead();
+    while (batch.count < kBatchRows && !batch.isLong) {
+        if (!file_.Next(batch.rows[batch.count])) {
+            batch.isLast = true;
+            return;
+        }
+        ++batch.count;
+        batch.isLong = file_.BytesRead() - start > kBatchBytes;
+    }
+}
+
+}  // namespace platform
