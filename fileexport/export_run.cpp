@@ -41,6 +41,9 @@ bool ExportRun::ExportDataSet(const std::string& dataSetName) {
     OpenVoucherFile();
     OpenOrderFile();
     WriteOrderFileBody(*orderFile_, recordCounter_, dataSetName, runState_, databases_);
+    // From here on records lose their marks for good: what can be known to fail fails before.
+    orderFile_->Flush();
+    platform::RequireWritableFolderOf(store::SalesFileName(dataSetName));
     runState_.SalesRecordset->MoveFirst();
     WriteMasterData(*voucherFile_, databases_);
     Vouchers(*voucherFile_, recordCounter_, databases_, runState_, clock_).Write();

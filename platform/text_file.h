@@ -28,6 +28,9 @@ class TextFile {
     // Appends lines that EncodeLine has made, as they are: for a block that is written often.
     void WriteEncoded(std::string_view lines);
 
+    // Writes what is collected: a full disk shows now rather than at Close.
+    void Flush();
+
     // Writes what is collected, asks the system to put it on disk, closes the file and takes it
     // from the table. A second call does nothing.
     void Close();
@@ -38,7 +41,6 @@ class TextFile {
     friend class TextFiles;
     TextFile(TextFiles& table, std::filesystem::path path, int descriptor);
     void RequireOpen() const;
-    void Flush();
     int WriteCollected();               // an errno value, 0 for none
     int Write(std::string_view& rest);  // likewise; takes what is written off its front
     int Leave();                        // closes and leaves the table; likewise
