@@ -3,6 +3,7 @@
 import contextlib
 import os
 import pathlib
+import re
 import shutil
 import sqlite3
 import subprocess
@@ -25,15 +26,24 @@ def check(holds, text):
         raise SystemExit(f"FAILED: {text}")
 
 
-class Shop:
-    """A folder with one waiting data set, Kasse1, made once and copied for every try."""
+def check_error(run, where, number, *texts):
+    """Ended with status 3 over a run-time error of that number which names the texts."""
+    check(run.returncode == 3, f"{where}: status {run.returncode}: {run.stdout}{run.stderr}")
+    match = re.match(rf"Run-time error '{number}':\n\n(.+)", run.stderr)
+    check(match, f"{where}: {run.stderr}")
+    for text in texts:
+        check(text in match[1], f"{where}: {text} is not named: {run.stderr}")
 
-    def __init__(self, server, demo, folder, *options):
+
+class Shop:
+    """A folder with one waiting data set, Kasse1, or more, made once and copied for every try."""
+
+    def __init__(self, server, demo, folder, *options, data_sets=1):
         self.server = server
         self.folder = pathlib.Path(folder)
         self.is_sap = "--sap" in options
         if demo:
-            subprocess.run([demo, folder, "--data-sets", "1", *options], check=True)
+            subprocess.run([demo, folder, "--data-sets", str(data_sets), *options], check=True)
             for name, content in BEFORE.items():
                 self.path(name).parent.mkdir(exist_ok=True)
                 self.path(name).write_bytes(content)
@@ -42,16 +52,16 @@ class Shop:
         return self.folder / name
 
     @contextlib.contextmanager
-    def copy(self):
-        with tempfile.TemporaryDirectory() as folder:
+    def copy(self, parent=None):
+        with tempfile.TemporaryDirectory(dir=parent or self.folder.parent) as folder:
             shutil.copytree(self.folder, folder, dirs_exist_ok=True)
             shop = Shop(self.server, None, folder)
             shop.is_sap = self.is_sap
             yield shop
 
-    def run(self, *arguments, environment=None, **more):
+    def run(self, *arguments, starter=(), environment=None, **more):
         arguments = arguments or ("--unattended", "--all")
-        return subprocess.run([self.server, "--folder", self.folder, *arguments],
+        return subprocess.run([*starter, self.server, "--folder", self.folder, *arguments],
                               stdin=subprocess.DEVNULL, capture_output=True, text=True,
                               env={**os.environ, **(environment or {})}, **more)
 
@@ -71,9 +81,9 @@ class Shop:
             check(result == "ok", f"{where}: {file.name}: {result}")
 
     def data_set(self):
-        """The contents of the data set's files by their names; a finished name without its stamp."""
+        """The contents of the data sets' files by their names; a finished name without its stamp."""
         found = {}
-        for file in self.folder.glob("*DayEnd*"):
+        for file in self.folder.glob("*DayEndSales*"):
             name = file.name.split(".XML")[0]
             check(name not in found, f"{name} is there under two names")
             found[name] = file.read_bytes()
@@ -84,6 +94,38 @@ class Shop:
 
     def contents(self):
         return {name: self.path(name).read_bytes() for name in BEFORE}
+
+    def check_untouched(self, before, where):
+        check(self.contents() == before.contents(), f"{where}: a configured file has changed")
+        check(self.data_set() == before.data_set() and not self.is_finished(),
+              f"{where}: the data set has changed")
+        if self.is_sap:
+            check(self.documents() == before.documents(), f"{where}: the company has documents")
+
+    def check_whole(self, before, done, where):
+        """Each thing is as before the day or as after it, whatever went wrong."""
+        self.check_databases(where)
+        check(self.data_set() == before.data_set(), f"{where}: a file of the data set is lost")
+        for name, content in self.contents().items():
+            check(content in (before.contents()[name], done.contents()[name]),
+                  f"{where}: {name} is neither the old nor the new one")
+        if self.is_sap:
+            check(self.documents() in (before.documents(), done.documents()),
+                  f"{where}: the company holds a part of the day")
+
+    def check_failed(self, before, done, run, where):
+        """What must hold after a run in which something could not be written."""
+        self.check_whole(before, done, where)
+        if run.returncode == 0:  # there was another way, or nothing depended on it
+            check(self.is_finished("Kasse1DayEndSalesLines"), f"{where}: goes well, but is not done")
+            check(self.contents() == done.contents(), f"{where}: goes well, but is not placed")
+        elif run.returncode == 1:  # what SAP refuses is told in its own words, and rolls the day back
+            check(self.is_sap and "Found error:" in run.stdout and "MED FEIL" in run.stdout,
+                  f"{where}: {run.stdout}")
+            check(self.documents() == before.documents(), f"{where}: the day is not rolled back")
+            check(not self.is_finished(), f"{where}: the files have finished names")
+        else:
+            check_error(run, where, r"\d+")
 
 
 class Injector:
