@@ -3,7 +3,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 
 #include "platform/error.h"
@@ -24,9 +23,9 @@ struct Decimal {
 
 Decimal DecimalOf(double number) {
     std::array<char, 40> buffer{};
-    const int length =
-        std::snprintf(buffer.data(), buffer.size(), "%.*e", kSignificantDigits - 1, number);
-    const std::string_view text(buffer.data(), static_cast<std::size_t>(length));
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
+                                       std::chars_format::scientific, kSignificantDigits - 1);
+    const std::string_view text(buffer.data(), written.ptr);
     const std::size_t mark = text.find('e');
 
     Decimal decimal;
