@@ -85,7 +85,7 @@ std::string WithoutTrailingSeparator(const std::string& datapath) {
 
 // Replaces the first occurrence of a token. At the very start of the value it takes the other stamp
 // and drops the value's last character; with nothing behind the token that count is negative and
-// the operation fails. Both are kept: existing prefixes are written for them.
+// the operation fails. Both are kept on purpose.
 std::string ReplaceToken(const std::string& value, const std::string& token,
                          const std::string& stampAtStart, const std::string& stampInside) {
     const auto position = static_cast<long>(platform::FindIgnoreCase(value, token));

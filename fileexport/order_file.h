@@ -12,8 +12,8 @@
 namespace fileexport {
 
 // Writes an "H" line for each sale of type 1, 2 or 4, followed by an "L" line for every line of the
-// whole data set, in file order, not only for its own: the accounting package's import expects it
-// so. Leaves SalesRecordset at its end.
+// whole data set, in file order, not only for its own, which is kept on purpose. Leaves
+// SalesRecordset at its end.
 void WriteOrderFileBody(platform::TextFile& orderFile, RecordCounter& recordCounter,
                         const std::string& dataSetName, ui::RunState& runState,
                         const store::Databases& databases);

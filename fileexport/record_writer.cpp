@@ -51,7 +51,7 @@ void WriteVoucherRecord(TextFile& voucherFile, RecordCounter& recordCounter,
          &r.R1,     &r.R2,     &r.R3,   &r.R4,     &r.R5,     &r.R6});
     if (platform::Length(line) > kLineLimit) {
         voucherFile.WriteLine(platform::Left(line, kLineLimit) + kContinuation);
-        // The continuation has always been empty; the accounting package reads the record so.
+        // Kept on purpose: the continuation is empty, whatever the line has lost.
         voucherFile.WriteLine("");
     } else {
         voucherFile.WriteLine(line);

@@ -188,7 +188,7 @@ void Vouchers::WriteReceipt(Recordset& sale) {
             WriteReceiptLine(sale, lines);
     }
     // Also without lines of its own: at a sale of type 0 or less this closes what is closed already
-    // and ends the export. Kept on purpose: such a sale must not pass unnoticed.
+    // and ends the export. Kept on purpose.
     runState_.SalesLinesRecordset->Close();
 }
 

@@ -42,8 +42,9 @@ install_packages() {
     fi
     echo "Installing ${missing[*]}" >&2
     "${as_root[@]}" apt-get -qq update >&2
+    # What it does step by step would bury the error that it may end with.
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get -qq install -y --no-install-recommends "${missing[@]}" >&2
+        apt-get -qq install -y --no-install-recommends "${missing[@]}" >/dev/null
 }
 
 # build_preset NAME: configures once and builds; the build notices changed CMake lists itself.

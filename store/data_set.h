@@ -18,8 +18,8 @@ inline constexpr const char* kUnnamedDataSet = "<Uten navn>";
 // The prefix behind an entry of the operator's list.
 [[nodiscard]] std::string DataSetNameOf(std::string_view displayName);
 
-// `fileName` + ".", the stamp and ".ferdig". The stamp is year, month, day, hour and seconds; it
-// has no minutes, since the shop's other tools read it so.
+// `fileName` + ".", the stamp and ".ferdig". The stamp is year, month, day, hour and seconds;
+// that it has no minutes is kept on purpose.
 [[nodiscard]] std::string FinishedName(std::string_view fileName, const platform::DateTime& moment);
 
 // Gives both files of the data set their finished names, the sales file first, each with its own

@@ -2,9 +2,7 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <string_view>
-#include <utility>
 
 #include "platform/database/database.h"
 
@@ -13,13 +11,9 @@ namespace platform {
 // The embedded engine knows no users; name, user and password are for an engine that does.
 class Workspace {
   public:
-    Workspace(DatabaseEngine& engine, std::string name, std::string user, std::string password)
-        : engine_(engine),
-          name_(std::move(name)),
-          user_(std::move(user)),
-          password_(std::move(password)) {}
-
-    [[nodiscard]] const std::string& Name() const { return name_; }
+    Workspace(DatabaseEngine& engine, std::string_view /*name*/, std::string_view /*user*/,
+              std::string_view /*password*/)
+        : engine_(engine) {}
 
     // Shared, for reading and writing. Errors as DatabaseEngine::OpenDatabase.
     [[nodiscard]] std::unique_ptr<Database> OpenDatabase(std::string_view fileName) {
@@ -28,9 +22,6 @@ class Workspace {
 
   private:
     DatabaseEngine& engine_;
-    std::string name_;
-    std::string user_;
-    std::string password_;
 };
 
 }  // namespace platform

@@ -1,8 +1,10 @@
 #include "ui/terminal/terminal_operator.h"
 
+#include <pthread.h>
 #include <termios.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <istream>
 #include <ostream>
 
@@ -14,18 +16,26 @@ namespace {
 
 using platform::Answer;
 
-// Switches the echo of the terminal off for as long as it lives.
+// Switches the echo of the terminal off for as long as it lives. An interruption waits until it is
+// on again: it would leave the person's terminal silent.
 class SilentInput {
   public:
     explicit SilentInput(bool wanted) {
         isSilent_ = wanted && tcgetattr(STDIN_FILENO, &before_) == 0;
         if (!isSilent_) return;
+        sigset_t interruptions;
+        sigemptyset(&interruptions);
+        for (const int signal : {SIGINT, SIGQUIT, SIGTSTP})
+            sigaddset(&interruptions, signal);
+        pthread_sigmask(SIG_BLOCK, &interruptions, &signalsBefore_);
         termios silent = before_;
         silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
         tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
     }
     ~SilentInput() {
-        if (isSilent_) tcsetattr(STDIN_FILENO, TCSAFLUSH, &before_);
+        if (!isSilent_) return;
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &before_);
+        pthread_sigmask(SIG_SETMASK, &signalsBefore_, nullptr);
     }
     SilentInput(const SilentInput&) = delete;
     SilentInput& operator=(const SilentInput&) = delete;
@@ -34,6 +44,7 @@ class SilentInput {
 
   private:
     termios before_{};
+    sigset_t signalsBefore_{};
     bool isSilent_ = false;
 };
 
