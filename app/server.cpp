@@ -27,7 +27,8 @@ int RunWith(const Options& options, platform::Operator& theOperator, platform::C
     try {
         // The list changes nothing, so it may be asked for beside a server that works.
         if (!options.list) lock.emplace(options.folder);
-        if (server.Main() == AfterStartUp::EndProgram) return kExitFatal;
+        const StartFor purpose = options.list ? StartFor::Listing : StartFor::Work;
+        if (server.Main(purpose) == AfterStartUp::EndProgram) return kExitFatal;
         return afterMain(server, theOperator);
     } catch (const std::exception&) {
         theOperator.ReportFatal(platform::CurrentError());

@@ -2,8 +2,10 @@
 
 #include <utility>
 
+#include "fileexport/placing.h"
 #include "platform/error.h"
 #include "platform/files.h"
+#include "store/data_set.h"
 
 namespace app {
 
@@ -18,7 +20,7 @@ StartUp::StartUp(std::string programFolder, const Surroundings& surroundings)
       runDriver_(appSettings_, window_, runState_, MakeTransfers(), surroundings.theOperator,
                  surroundings.clock, surroundings.processStarter) {}
 
-AfterStartUp StartUp::Main() {
+AfterStartUp StartUp::Main(StartFor purpose) {
     platform::ChangeDirectory(programFolder_);
     ReadSettings();
     store::OpenConnections(surroundings_.databaseEngine, appSettings_.Datapath, databases_);
@@ -27,6 +29,7 @@ AfterStartUp StartUp::Main() {
         return AfterStartUp::EndProgram;
     }
     DeriveAccountingFlags(appSettings_);
+    if (purpose == StartFor::Work) FinishInterruptedDay();
     window_.Load();
     return AfterStartUp::Run;
 }
@@ -36,6 +39,14 @@ void StartUp::ReadSettings() {
     ReadServerSettings(iniFile, programFolder_, appSettings_);
     appSettings_.AppTitle = "Dagsoppgjør for Kassovia";
     ReadStoreSettings(iniFile, programFolder_, surroundings_.clock, appSettings_);
+}
+
+// A server that was ended while it placed a day has posted it: the list must not offer it again.
+void StartUp::FinishInterruptedDay() {
+    const auto dataSetName = fileexport::FinishInterruptedDay(surroundings_.clock);
+    if (!dataSetName) return;
+    window_.AppendStatusLine("Datasett " + store::DisplayNameOf(*dataSetName) +
+                             " ble avbrutt mens filene ble lagt på plass, og er nå ferdig.");
 }
 
 ui::Transfers StartUp::MakeTransfers() {

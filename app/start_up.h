@@ -31,6 +31,9 @@ struct Surroundings {
 
 enum class AfterStartUp { Run, EndProgram };
 
+// A start for the list alone changes no file: it may stand beside a server that works.
+enum class StartFor { Work, Listing };
+
 class StartUp {
   public:
     // `programFolder` is absolute.
@@ -40,7 +43,7 @@ class StartUp {
 
     // The start-up sequence, up to the loaded main window. EndProgram when the operator chose to
     // end it over a table that did not open. Errors leave it.
-    [[nodiscard]] AfterStartUp Main();
+    [[nodiscard]] AfterStartUp Main(StartFor purpose = StartFor::Work);
 
     [[nodiscard]] const AppSettings& Settings() const { return appSettings_; }
     [[nodiscard]] ui::frmMain& Window() { return window_; }
@@ -48,6 +51,7 @@ class StartUp {
 
   private:
     void ReadSettings();
+    void FinishInterruptedDay();
     [[nodiscard]] ui::Transfers MakeTransfers();
 
     std::string programFolder_;

@@ -2,6 +2,7 @@
 
 #include "fileexport/master_data.h"
 #include "fileexport/order_file.h"
+#include "fileexport/placing.h"
 #include "fileexport/vouchers.h"
 #include "platform/files.h"
 #include "store/data_set.h"
@@ -14,10 +15,6 @@ using platform::Answer;
 namespace {
 
 constexpr const char* kOrderFileStart = "7;6;";
-
-std::string WorkingCopy(const std::string& fileName) {
-    return fileName + ".tmp";
-}
 
 }  // namespace
 
@@ -50,8 +47,8 @@ bool ExportRun::ExportDataSet(const std::string& dataSetName) {
 
     if (ui::OperatorWantsRenaming(runState_, operator_, appSettings_.AppTitle)) {
         RequireRoomForPlacing(dataSetName);
-        PlaceImportFiles();
-        store::MarkAsTransferred(dataSetName, clock_);
+        CloseImportFiles();
+        PlaceDay({dataSetName, appSettings_.EDIFileName, appSettings_.VoucherFileName}, clock_);
     } else {
         // The order file's working copy stays open, so that the next data set of this run fails
         // rather than following a day that was not taken.
@@ -109,11 +106,9 @@ void ExportRun::RequireRoomForPlacing(const std::string& dataSetName) const {
 
 // Both working copies are complete on disk before the first of them takes its name, and each takes
 // it in one step: a full disk leaves both configured files as they were.
-void ExportRun::PlaceImportFiles() {
+void ExportRun::CloseImportFiles() {
     orderFile_->Close();
     CloseVoucherFile(*voucherFile_);
-    platform::MoveFile(WorkingCopy(appSettings_.EDIFileName), appSettings_.EDIFileName);
-    platform::MoveFile(WorkingCopy(appSettings_.VoucherFileName), appSettings_.VoucherFileName);
 }
 
 void ExportRun::DiscardVoucherFile() {

@@ -31,7 +31,7 @@ class ExportRun {
     void OpenOrderFile();
     [[nodiscard]] bool OperatorWantsOverwriting();
     void RequireRoomForPlacing(const std::string& dataSetName) const;
-    void PlaceImportFiles();
+    void CloseImportFiles();
     void DiscardVoucherFile();
 
     const app::AppSettings& appSettings_;

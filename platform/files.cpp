@@ -187,6 +187,33 @@ std::vector<std::string> ListFiles(std::string_view folder, std::string_view pat
     return names;
 }
 
+std::string ReadWholeFile(std::string_view name) {
+    const fs::path path = ResolvePath(name);
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    std::string content;
+    const int failure = file.IsOpen() ? ReadAll(file.Get(), content) : errno;
+    if (failure != 0) throw ErrorFromErrno(failure, "read", path.string());
+    return content;
+}
+
+void WriteWholeFile(std::string_view name, std::string_view content) {
+    const fs::path path = ResolvePath(name);
+    ReplacementFile file(path);
+    int failure = file.Create();
+    if (failure == 0) failure = WriteAll(file.Get(), content);
+    if (failure == 0) failure = file.Commit();
+    if (failure != 0) throw ErrorOfCreating(failure, "write", path);
+}
+
+std::optional<FileStamp> StampOf(std::string_view name) {
+    struct stat status {};
+    if (::stat(ResolvePath(name).c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    return FileStamp{static_cast<std::uint64_t>(status.st_size),
+                     status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
+}
+
 void MoveFile(std::string_view from, std::string_view to) {
     const fs::path source = ResolvePath(from);
     const fs::path target = BehindLink(ResolvePath(to));
@@ -210,6 +237,8 @@ void MoveFile(std::string_view from, std::string_view to) {
 void DeleteFile(std::string_view name) {
     const fs::path path = ResolvePath(name);
     if (::unlink(path.c_str()) != 0) throw ErrorFromErrno(errno, "delete", path.string());
+    if (const int failure = SyncFolderOf(path); failure != 0)
+        throw ErrorFromErrno(failure, "delete", path.string());
 }
 
 void RequireWritableFolderOf(std::string_view name) {

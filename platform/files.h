@@ -3,6 +3,7 @@
 // RuntimeError (53, 61, 70, 75, 76) with the path in the description.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -28,12 +29,30 @@ namespace platform {
 [[nodiscard]] std::vector<std::string> ListFiles(std::string_view folder,
                                                  std::string_view patterns);
 
+// The bytes of a whole file.
+[[nodiscard]] std::string ReadWholeFile(std::string_view name);
+
+// Writes a file beside its place and puts it there in one step, on disk; one that is there is
+// replaced.
+void WriteWholeFile(std::string_view name, std::string_view content);
+
+// What tells a file from a later one of the same name.
+struct FileStamp {
+    std::uint64_t size = 0;     // bytes
+    std::int64_t modified = 0;  // nanoseconds since 1970
+
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
+// Nothing where there is no regular file of that name.
+[[nodiscard]] std::optional<FileStamp> StampOf(std::string_view name);
+
 // Gives the file `from` the name `to` in one step; an existing file of that name is replaced, and
 // its owner and mode are taken over; a link of that name stays and the file behind it is replaced.
 // Where the two lie on different file systems: copied beside the target, synced, then put in place.
 void MoveFile(std::string_view from, std::string_view to);
 
-void DeleteFile(std::string_view name);  // 53 where there is none
+void DeleteFile(std::string_view name);  // for good, also on disk; 53 where there is none
 
 // Error 75 (76 for a missing folder) unless files can be created in the folder that holds `name`.
 void RequireWritableFolderOf(std::string_view name);

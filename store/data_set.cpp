@@ -10,10 +10,6 @@ namespace {
 constexpr const char* kSalesSuffix = "DayEndSales.XML";
 constexpr const char* kSalesLinesSuffix = "DayEndSalesLines.XML";
 
-void RenameToFinished(const std::string& fileName, const platform::Clock& clock) {
-    platform::MoveFile(fileName, FinishedName(fileName, clock.Now()));
-}
-
 }  // namespace
 
 std::string SalesFileName(std::string_view dataSetName) {
@@ -28,6 +24,10 @@ std::string DataSetNameOf(std::string_view displayName) {
     return displayName == kUnnamedDataSet ? std::string() : std::string(displayName);
 }
 
+std::string DisplayNameOf(std::string_view dataSetName) {
+    return std::string(dataSetName.empty() ? kUnnamedDataSet : dataSetName);
+}
+
 std::string FinishedName(std::string_view fileName, const platform::DateTime& moment) {
     using platform::Digits;
     return std::string(fileName) + "." + Digits(moment.year, 4) + Digits(moment.month, 2) +
@@ -37,6 +37,10 @@ std::string FinishedName(std::string_view fileName, const platform::DateTime& mo
 void MarkAsTransferred(std::string_view dataSetName, const platform::Clock& clock) {
     RenameToFinished(SalesFileName(dataSetName), clock);
     RenameToFinished(SalesLinesFileName(dataSetName), clock);
+}
+
+void RenameToFinished(const std::string& fileName, const platform::Clock& clock) {
+    platform::MoveFile(fileName, FinishedName(fileName, clock.Now()));
 }
 
 }  // namespace store

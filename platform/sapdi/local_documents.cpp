@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/error.h"
+#include "platform/files.h"
 #include "platform/sapdi/codes.h"
 #include "platform/sapdi/error_codes.h"
 #include "platform/sapdi/head_and_lines.h"
@@ -111,7 +112,7 @@ class LocalDocuments : public Documents {
         (void)session_->Connected();
         return content_.Load(*session_, docEntry);
     }
-    void SaveXML(std::string_view fileName) override { SaveXmlFile(fileName, content_.ToXml()); }
+    void SaveXML(std::string_view fileName) override { WriteWholeFile(fileName, content_.ToXml()); }
 
   private:
     void SetText(HeadColumn column, std::string_view text) {

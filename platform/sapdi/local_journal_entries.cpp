@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/error.h"
+#include "platform/files.h"
 #include "platform/norwegian.h"
 #include "platform/sapdi/codes.h"
 #include "platform/sapdi/error_codes.h"
@@ -88,7 +89,7 @@ class LocalJournalEntries : public JournalEntries {
     [[nodiscard]] JournalEntryLines& Lines() override { return lines_; }
 
     [[nodiscard]] std::int32_t Add() override;
-    void SaveXML(std::string_view fileName) override { SaveXmlFile(fileName, content_.ToXml()); }
+    void SaveXML(std::string_view fileName) override { WriteWholeFile(fileName, content_.ToXml()); }
 
   private:
     void SetDate(HeadColumn column, const DateTime& date) {

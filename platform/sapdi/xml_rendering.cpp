@@ -3,8 +3,6 @@
 #include <array>
 #include <charconv>
 
-#include "platform/descriptor.h"
-#include "platform/files.h"
 #include "platform/norwegian.h"
 
 namespace platform::sapdi {
@@ -72,15 +70,6 @@ std::string ObjectXml(ObjectType type, std::span<const XmlTable> tables) {
         xml.append("    </").append(table.name).append(">\n");
     }
     return xml += "  </BO>\n</BOM>\n";
-}
-
-void SaveXmlFile(std::string_view fileName, std::string_view xml) {
-    const std::filesystem::path path = ResolvePath(fileName);
-    ReplacementFile file(path);
-    int failure = file.Create();
-    if (failure == 0) failure = WriteAll(file.Get(), xml);
-    if (failure == 0) failure = file.Commit();
-    if (failure != 0) throw ErrorOfCreating(failure, "write", path);
 }
 
 }  // namespace platform::sapdi

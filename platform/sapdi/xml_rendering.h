@@ -21,8 +21,4 @@ struct XmlTable {
 // UTF-8, escaped, an element a line; what is null is left out.
 [[nodiscard]] std::string ObjectXml(ObjectType type, std::span<const XmlTable> tables);
 
-// Writes the file beside its place and puts it there in one step; an existing one is replaced. A
-// relative name is meant from the current directory. Errors 61, 70, 75, 76.
-void SaveXmlFile(std::string_view fileName, std::string_view xml);
-
 }  // namespace platform::sapdi
