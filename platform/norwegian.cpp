@@ -1,5 +1,6 @@
 #include "platform/norwegian.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -93,6 +94,10 @@ std::string HundredthsOf(const Decimal& decimal) {
 }
 
 std::string FormatTwoDecimals(double number) {
+    if (!std::isfinite(number)) {
+        throw RuntimeError(error_number::kOverflow,
+                           "Overflow: " + NumberText(number) + " is no amount");
+    }
     const Decimal decimal = DecimalOf(number);
     std::string digits = decimal.digits.empty() ? "0" : HundredthsOf(decimal);
     const bool isZero = digits.find_first_not_of('0') == std::string::npos;
@@ -148,6 +153,21 @@ std::optional<std::string> PlainNumber(std::string_view text) {
     return plain;
 }
 
+// Whether a number in that form which no double holds is too small for one, and not too large: by
+// the distance of its first digit from the decimal mark, and the exponent.
+bool IsTooSmall(std::string_view plain) {
+    const std::size_t mark = std::min(plain.find('e'), plain.size());
+    const std::size_t point = std::min(plain.find('.'), mark);
+    const std::size_t first = plain.find_first_of("123456789");
+    int exponent = 0;
+    if (mark < plain.size()) {
+        const std::string_view digits = plain.substr(mark + 1);
+        const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
+        if (result.ec != std::errc{}) return digits.front() == '-';
+    }
+    return static_cast<long>(point) + exponent < static_cast<long>(first);
+}
+
 // Days since 30.12.1899 with the time of day as the fraction.
 double DayNumber(const DateTime& moment) {
     const int year = moment.month <= 2 ? moment.year - 1 : moment.year;
@@ -169,8 +189,9 @@ std::string Quoted(const Value& value) {
 template <class Integer>
 Integer ToInteger(const Value& value) {
     const double rounded = std::nearbyint(ToDouble(value));  // halves to even
-    if (rounded < std::numeric_limits<Integer>::min() ||
-        rounded > std::numeric_limits<Integer>::max()) {
+    const bool fits = rounded >= std::numeric_limits<Integer>::min() &&
+                      rounded <= std::numeric_limits<Integer>::max();
+    if (!fits) {  // so is what is no number, which compares as neither
         throw RuntimeError(error_number::kOverflow,
                            "Overflow: " + Quoted(value) + " does not fit a whole number of " +
                                std::to_string(8 * sizeof(Integer)) + " bits");
@@ -214,8 +235,7 @@ std::optional<double> ParseNumber(std::string_view text) {
     const char* end = plain->data() + plain->size();
     const std::from_chars_result result = std::from_chars(plain->data(), end, number);
     if (result.ec == std::errc::result_out_of_range) {
-        const bool tiny = plain->find("e-") != std::string::npos;
-        if (!tiny) return std::nullopt;
+        if (!IsTooSmall(*plain)) return std::nullopt;
         return 0.0;
     }
     return number;

@@ -34,7 +34,8 @@ namespace platform {
 
 // The patterns "####0.00" and "###0.00": at least one digit, two decimals, decimal comma, halves
 // away from zero judged on the text of 15 significant digits (1.005 gives 1,01), no minus in front
-// of 0,00. Null gives the empty text, a text that is not numeric stays as it is.
+// of 0,00. Null gives the empty text, a text that is not numeric stays as it is; what is
+// infinite or no number at all is error 6.
 [[nodiscard]] std::string FormatTwoDecimals(const Value& value);
 
 // The number that FormatTwoDecimals shows; where it shows none (of null too) error 13.

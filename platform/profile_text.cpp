@@ -182,7 +182,9 @@ std::string ProfileText::InsertedAt(std::size_t offset, std::string_view lines) 
     const std::string_view after = std::string_view(content_).substr(offset);
     const bool isLineStart =
         before.empty() || before == kByteOrderMark || before.ends_with('\n') || lines.empty();
-    return std::string(before).append(isLineStart ? "" : lineEnd_).append(lines).append(after);
+    // A line that breaks off inside its end gets only the rest of it: a second CR would be content.
+    const std::string_view lineEnd = before.ends_with('\r') ? "\n" : lineEnd_;
+    return std::string(before).append(isLineStart ? "" : lineEnd).append(lines).append(after);
 }
 
 }  // namespace platform

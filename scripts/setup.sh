@@ -15,6 +15,9 @@ test_packages=(
     libgtest-dev libbenchmark-dev python3 sqlite3 clang-format clang-tidy xvfb xdotool
 )
 
+# To fuzz them.
+fuzz_packages=(clang libclang-rt-dev)
+
 # What bench/compare sets the programs against, and measures with.
 bench_packages=(python3 sqlite3 libxml2-utils time)
 

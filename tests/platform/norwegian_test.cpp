@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+#include <string>
+
 #include "platform/error.h"
 #include "tests/support/expect_error.h"
 
@@ -47,6 +51,9 @@ TEST(Norwegian, NumberOfText) {
                              "12kr", "1e999", "inf", "nan"}) {
         EXPECT_EQ(ParseNumber(text), std::nullopt) << text;
     }
+    const std::string zeros(400, '0');
+    EXPECT_EQ(ParseNumber("1" + zeros + "e-9"), std::nullopt) << "too large all the same";
+    EXPECT_EQ(ParseNumber("0," + zeros + "1"), 0.0);
 }
 
 TEST(Norwegian, IntegersRoundHalvesToEvenAndKnowTheirRange) {
@@ -61,6 +68,7 @@ TEST(Norwegian, IntegersRoundHalvesToEvenAndKnowTheirRange) {
     EXPECT_EQ(ToInt32(2147483647.4), 2147483647);
     ExpectError(error_number::kOverflow, [] { (void)ToInt16(32768); });
     ExpectError(error_number::kOverflow, [] { (void)ToInt32("2147483647,5"); });
+    ExpectError(error_number::kOverflow, [] { (void)ToInt32(std::nan("")); });
     ExpectError(error_number::kTypeMismatch, [] { (void)ToInt32(""); });
     ExpectError(error_number::kInvalidUseOfNull, [] { (void)ToInt32(Value()); });
 }
@@ -81,6 +89,8 @@ TEST(Norwegian, TwoDecimals) {
     for (const auto& [value, text] : cases)
         EXPECT_EQ(FormatTwoDecimals(value), text);
     EXPECT_EQ(RoundTwoDecimals(-15.005), -15.01);
+    for (const double number : {std::numeric_limits<double>::infinity(), std::nan("")})
+        ExpectError(error_number::kOverflow, [&] { (void)FormatTwoDecimals(number); });
 }
 
 TEST(Norwegian, DatesOfText) {
