@@ -18,14 +18,14 @@ constexpr ReceiptKind kKinds[] = {
     {Occasion::Sale, 1, record::kFirstCard + 5, 1},
     {Occasion::Sale, 1, record::kLastCard, 2},
     {Occasion::Sale, 1, record::kBank, 2},
-    {Occasion::Sale, 1, record::kIOU, 3},
+    {Occasion::Sale, 1, record::kIou, 3},
     {Occasion::Sale, 1, record::kCreditSale, 4},
     {Occasion::Sale, 2, record::kCreditSale, 7},
     {Occasion::Sale, 2, record::kBank, 2},
     {Occasion::Sale, 4, record::kFirstCard, 2},  // ordered and paid, not yet delivered
     {Occasion::Return, 1, record::kCash, 2},
     {Occasion::Return, 1, record::kFirstCard, 2},
-    {Occasion::Return, 1, record::kIOU, 2},
+    {Occasion::Return, 1, record::kIou, 2},
     {Occasion::Return, 2, record::kCreditSale, 1},
     {Occasion::Prepayment, 1, record::kFirstCard, 1},
     {Occasion::InvoicePayment, 1, record::kFirstCard, 1},
@@ -52,7 +52,7 @@ std::string_view MoneyText(int kind) {
             return "Forskuddsbetaling";
         case record::kInvoicePayment:
             return "Betaling";
-        case record::kIOU:
+        case record::kIou:
             return kIouName;
         default:
             return kCardNames.at(static_cast<std::size_t>(kind - record::kFirstCard));
@@ -113,7 +113,7 @@ bool ReceiptMaker::HasGoods(const ReceiptKind& kind) const {
 std::int64_t ReceiptMaker::MoneyRecords(const ReceiptKind& kind) {
     const bool isSale = kind.occasion == Occasion::Sale;
     if (kind.paidWith == record::kCash) return isSale ? 3 : 2;  // rounding, cash, change
-    if (kind.paidWith == record::kIOU) return isSale ? 2 : 1;   // the slip, and a card for the rest
+    if (kind.paidWith == record::kIou) return isSale ? 2 : 1;   // the slip, and a card for the rest
     const bool isCustomerPayment = !isSale && kind.occasion != Occasion::Return;
     return isCustomerPayment ? 2 : 1;
 }
@@ -162,7 +162,7 @@ ReceiptLine ReceiptMaker::GoodsLine(int sign) {
     const Product& product = shop_.products[random_.Pick(shop_.productsByVat[vat])];
 
     ReceiptLine line;
-    line.kind = product.isService ? record::kSales2 : record::kSales1;
+    line.kind = product.isService ? record::kService : record::kGoods;
     line.productId = product.id;
     line.description = product.description;
     line.quantity = sign * ChooseQuantity(product);
@@ -196,7 +196,7 @@ void ReceiptMaker::Pay(Receipt& receipt, const ReceiptKind& kind) {
     const std::int64_t total = TotalOf(receipt);
     if (kind.paidWith == record::kCash) {
         PayCash(receipt, total);
-    } else if (kind.paidWith == record::kIOU && total > 0) {
+    } else if (kind.paidWith == record::kIou && total > 0) {
         PayWithSlip(receipt, total);
     } else {
         receipt.lines.push_back(MoneyLine(kind.paidWith, -total));
@@ -220,7 +220,7 @@ void ReceiptMaker::PayCash(Receipt& receipt, std::int64_t total) {
 
 void ReceiptMaker::PayWithSlip(Receipt& receipt, std::int64_t total) {
     const std::int64_t slip = std::min(total, random_.Between(1, 10) * 5000);
-    receipt.lines.push_back(MoneyLine(record::kIOU, -slip));
+    receipt.lines.push_back(MoneyLine(record::kIou, -slip));
     if (slip < total) receipt.lines.push_back(MoneyLine(record::kFirstCard, slip - total));
 }
 

@@ -12,12 +12,25 @@
 
 #include "demo/random.h"
 #include "demo/shop.h"
-#include "store/transaction_types.h"
 
 namespace demo {
 
-// Kinds of a receipt's records.
-namespace record = store::trans_type;
+// Kinds of a receipt's records. A table of the demo's own: its shops are what the server is tried
+// on.
+namespace record {
+inline constexpr int kRounding = 0;
+inline constexpr int kGoods = 1;
+inline constexpr int kService = 2;
+inline constexpr int kCash = 10;
+inline constexpr int kChange = 11;
+inline constexpr int kBank = 12;
+inline constexpr int kCreditSale = 13;
+inline constexpr int kPrepayment = 14;
+inline constexpr int kInvoicePayment = 15;
+inline constexpr int kIou = 16;
+inline constexpr int kFirstCard = 21;
+inline constexpr int kLastCard = 27;
+}  // namespace record
 
 struct ReceiptLine {
     int kind = 0;

@@ -38,9 +38,10 @@ bool ExportRun::ExportDataSet(const std::string& dataSetName) {
     OpenVoucherFile();
     OpenOrderFile();
     WriteOrderFileBody(*orderFile_, recordCounter_, dataSetName, runState_, databases_);
-    // From here on records lose their marks for good: what can be known to fail fails before.
+    // From here on records lose their marks for good, so what can be known to fail fails before,
+    // even for an operator who would say No at the end.
     orderFile_->Flush();
-    platform::RequireWritableFolderOf(store::SalesFileName(dataSetName));
+    RequireRoomForPlacing(dataSetName);
     runState_.SalesRecordset->MoveFirst();
     WriteMasterData(*voucherFile_, databases_);
     Vouchers(*voucherFile_, recordCounter_, databases_, runState_, clock_).Write();

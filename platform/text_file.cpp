@@ -107,6 +107,7 @@ void TextFile::RequireOpen() const {
 }
 
 void TextFile::Flush() {
+    RequireOpen();
     if (const int failure = WriteCollected(); failure != 0) {
         throw ErrorFromErrno(failure, "write", path_.string());
     }

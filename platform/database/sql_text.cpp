@@ -94,6 +94,11 @@ std::optional<std::int64_t> WholeNumber(const SqlToken& token) {
     return number;
 }
 
+bool IsParameter(const SqlToken& token) {
+    return IsAnyOf(token, {"?", ":", "@"}) ||
+           (token.kind == SqlTokenKind::Word && token.text.starts_with('$'));
+}
+
 bool IsChangeOrQuery(const SqlToken& first) {
     return IsAnyOf(first, {"SELECT", "DELETE", "UPDATE", "INSERT", "REPLACE", "WITH"});
 }
@@ -147,9 +152,9 @@ std::string ToEngineDialect(std::string_view sql) {
 
 ParameterizedSql NumbersAsParameters(std::string_view sql) {
     const Tokens tokens = SqlTokens(sql);
-    const bool hasParameters =
-        std::ranges::any_of(tokens, [](const SqlToken& token) { return token.Is("?"); });
-    if (hasParameters) return {std::string(sql), {}};
+    // A definition (a check, a partial index) takes no parameters.
+    if (tokens.empty() || !IsChangeOrQuery(tokens.front())) return {std::string(sql), {}};
+    if (std::ranges::any_of(tokens, IsParameter)) return {std::string(sql), {}};
 
     std::vector<TextEdit> edits;
     std::vector<Value> numbers;

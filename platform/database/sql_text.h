@@ -27,8 +27,8 @@ struct ParameterizedSql {
     std::vector<Value> numbers;
 };
 
-// Takes the whole numbers behind comparisons out of a text without parameters: texts that differ in
-// nothing else become one, which is prepared once.
+// Takes the whole numbers behind comparisons out of a query or change without parameters: texts
+// that differ in nothing else become one, which is prepared once.
 [[nodiscard]] ParameterizedSql NumbersAsParameters(std::string_view sql);
 
 // The table of a query of the form SELECT * FROM table [WHERE ...] [ORDER BY ...]; empty for any

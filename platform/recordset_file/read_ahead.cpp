@@ -1,5 +1,6 @@
 #include "platform/recordset_file/read_ahead.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace platform {
@@ -8,14 +9,17 @@ namespace {
 
 constexpr std::size_t kBatches = 3;  // one that is read, one that waits, one that is taken from
 constexpr std::size_t kBatchRows = 256;
+constexpr std::size_t kBatchValues = 8192;
 constexpr long kBatchBytes = 512L * 1024;
 
 }  // namespace
 
-ReadAhead::ReadAhead(std::string_view fileName)
-    : file_(fileName),
-      empty_(kBatches - 1),
-      thread_([this](const std::stop_token& stop) { ReadOn(stop); }) {}
+ReadAhead::ReadAhead(std::string_view fileName) : file_(fileName), empty_(kBatches - 1) {
+    // Handing over must not fail on either side.
+    filled_.reserve(kBatches);
+    empty_.reserve(kBatches);
+    thread_ = std::jthread([this](const std::stop_token& stop) { ReadOn(stop); });
+}
 
 bool ReadAhead::Next(std::vector<Value>& row) {
     while (taken_ == current_.count) {
@@ -35,16 +39,17 @@ void ReadAhead::TakeBatch() {
     changed_.notify_one();
     changed_.wait(lock, [this] { return !filled_.empty(); });
     current_ = std::move(filled_.front());
-    filled_.pop_front();
+    filled_.erase(filled_.begin());
     taken_ = 0;
 }
 
 void ReadAhead::ReadOn(const std::stop_token& stop) {
     for (bool isLast = false; !isLast;) {
         std::unique_lock lock(mutex_);
-        if (!changed_.wait(lock, stop, [this] { return !empty_.empty(); })) return;
-        Batch batch = std::move(empty_.front());
-        empty_.pop_front();
+        changed_.wait(lock, stop, [this] { return !empty_.empty(); });
+        if (stop.stop_requested()) return;
+        Batch batch = std::move(empty_.back());
+        empty_.pop_back();
         lock.unlock();
 
         Fill(batch);
@@ -57,7 +62,6 @@ void ReadAhead::ReadOn(const std::stop_token& stop) {
 }
 
 void ReadAhead::Fill(Batch& batch) {
-    batch.rows.resize(kBatchRows);
     batch.count = 0;
     try {
         ReadRows(batch);
@@ -68,8 +72,10 @@ void ReadAhead::Fill(Batch& batch) {
 }
 
 void ReadAhead::ReadRows(Batch& batch) {
+    const std::size_t fields = std::max<std::size_t>(file_.Fields().size(), 1);
+    batch.rows.resize(std::clamp<std::size_t>(kBatchValues / fields, 1, kBatchRows));
     const long start = file_.BytesRead();
-    while (batch.count < kBatchRows && !batch.isLong) {
+    while (batch.count < batch.rows.size() && !batch.isLong) {
         if (!file_.Next(batch.rows[batch.count])) {
             batch.isLast = true;
             return;

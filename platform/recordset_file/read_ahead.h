@@ -3,7 +3,6 @@
 
 #include <condition_variable>
 #include <cstddef>
-#include <deque>
 #include <exception>
 #include <mutex>
 #include <stop_token>
@@ -16,9 +15,9 @@
 
 namespace platform {
 
-// A reader for who has much to do with each row: parsing goes on meanwhile. It makes the import of
-// a large day a third faster. Rows, errors and their order are the reader's; the memory that
-// waiting rows take is limited by their number and by their length in the file.
+// A reader for who has much to do with each row: parsing goes on meanwhile. On two cores it takes a
+// quarter off the import of a large day. Rows, errors and their order are the reader's; the memory
+// that waiting rows take is limited by the number of their values and by their length in the file.
 class ReadAhead {
   public:
     // Errors as RecordsetFileReader's.
@@ -55,10 +54,10 @@ class ReadAhead {
 
     std::mutex mutex_;
     std::condition_variable_any changed_;
-    std::deque<Batch> filled_;
-    std::deque<Batch> empty_;
+    std::vector<Batch> filled_;
+    std::vector<Batch> empty_;
 
-    std::jthread thread_;  // the last member: it starts when all else is there, and ends first
+    std::jthread thread_;  // the last member: it ends first
 };
 
 }  // namespace platform

@@ -174,7 +174,7 @@ TEST(DemoShop, TheSapTransferFindsNothingThatItCouldNotTake) {
         const int kind = ToInt32(lines->Get("TransType"));
         const int sale = ToInt32(lines->Get("SalesID"));
         if (kind == demo::record::kInvoicePayment) withPaidInvoice.insert(sale);
-        if (kind != demo::record::kSales1 && kind != demo::record::kSales2) continue;
+        if (kind != demo::record::kGoods && kind != demo::record::kService) continue;
         withGoods.insert(sale);
         EXPECT_TRUE(known.contains(*lines->Get("ProductID").AsText()));
     }

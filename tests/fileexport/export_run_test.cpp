@@ -130,12 +130,13 @@ TEST_F(Export, NothingIsPlacedWhereOneOfTheFilesCanNotBe) {
     for (const char* name : {"mappe", ""}) {
         std::filesystem::create_directories("mappe");
         shop.settings.VoucherFileName = name;
-        shop.theOperator.answers = {kYes};
         fileexport::ExportRun placing(shop.settings, shop.databases, shop.runState, shop.window,
                                       shop.theOperator, shop.clock, shop.textFiles);
-        ExpectError(75, [&] { placing.ExportDataSet("K"); });
+        const std::string voucherNo = shop.AskStore("SELECT NextVoucherNo FROM Options");
+        ExpectError(75, [&] { placing.ExportDataSet("K"); });  // and nobody is asked
         EXPECT_EQ(shop.folder.Read("ordre.edi"), "gammel\r\n");
         EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+        EXPECT_EQ(shop.AskStore("SELECT NextVoucherNo FROM Options"), voucherNo);
     }
 }
 

@@ -16,8 +16,8 @@ namespace {
 
 using platform::Answer;
 
-// Switches the echo of the terminal off for as long as it lives. An interruption waits until it is
-// on again: it would leave the person's terminal silent.
+// Switches the echo of the terminal off for as long as it lives. Ctrl-C waits for Enter meanwhile:
+// it would leave the person's terminal silent.
 class SilentInput {
   public:
     explicit SilentInput(bool wanted) {

@@ -138,7 +138,16 @@ TEST_F(SqliteQueryTest, ComparesNumbersAsTheyStandInTheText) {
     EXPECT_EQ(count("Part > 9223372036854775808"), Value(1)) << "beyond the whole numbers";
     EXPECT_EQ(count("N = 7 /* N = 8 */ AND '= 7' = '= 7'"), Value(1));
     EXPECT_EQ(One("SELECT N FROM T WHERE N >= 7 ORDER BY 1 DESC LIMIT 1"), Value(70));
-    EXPECT_EQ(One("SELECT count(*) FROM T WHERE N = ? OR N = 7"), Value(1)) << "? is null";
+    for (const char* parameter : {"?", "?2", ":x", "@x", "$x"}) {
+        const std::string null = std::string("N = ") + parameter;
+        EXPECT_EQ(count((null + " OR N = 7").c_str()), Value(1)) << parameter << " is null";
+    }
+    for (const char* definition :
+         {"CREATE TABLE C (A INTEGER CHECK (A > 0))",
+          "CREATE VIEW V AS SELECT * FROM T WHERE N = 7", "CREATE INDEX I ON T (N) WHERE N > 5"}) {
+        EXPECT_EQ(database_->OpenQuery(definition)->RecordCount(), 0) << definition;
+    }
+    EXPECT_EQ(One("SELECT count(*) FROM V"), Value(1));
 }
 
 TEST_F(SqliteQueryTest, SavesChangesToTheRowTheyCameFrom) {
