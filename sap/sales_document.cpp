@@ -194,6 +194,7 @@ class SaleToDocument {
     }
 
     void CreateDocument(ObjectType type) {
+        documentType_ = type;
         context_.objects.SalesDocument = Create<Documents>(type);
     }
 
@@ -223,7 +224,7 @@ class SaleToDocument {
     }
 
     void SetRemarks(Documents& document) const {
-        document.SetComments("Salg " + SaleNumberText() + " fra Kassovia.");
+        document.SetComments(RemarksOf(saleNumber_));
         document.SetOwnReference(Trimmed(NzText(sale_.Get("OurRef"))));
     }
 
@@ -259,6 +260,7 @@ class SaleToDocument {
             return false;
         }
         addedKey_ = platform::ToInt32(context_.objects.SAPCompany->GetNewObjectKey());
+        context_.objects.LastDocument = {documentType_, addedKey_, saleNumber_};
         (void)Document().GetByKey(addedKey_);
         return true;
     }
@@ -269,6 +271,7 @@ class SaleToDocument {
     std::int16_t saleNumber_;
     std::int16_t saleType_;
     bool isCredit_;
+    ObjectType documentType_ = ObjectType::Invoices;
     std::int32_t lineCounter_ = 0;
     std::int32_t addedKey_ = 0;
 };

@@ -2,6 +2,7 @@
 // replaced, and what they are handed from outside.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
@@ -18,6 +19,13 @@
 
 namespace sap {
 
+// A document that SAP has taken.
+struct AddedDocument {
+    platform::sapdi::ObjectType type;
+    std::int32_t key = 0;  // DocEntry
+    std::int16_t saleNumber = 0;
+};
+
 // SalesDocument, CustomerPartner and PaymentEntry stay as the last routine left them: the next one
 // reads from them.
 struct SapObjects {
@@ -29,6 +37,8 @@ struct SapObjects {
     Variable<platform::sapdi::Query> SAPQuery{"SAPQuery"};
     Variable<platform::sapdi::BusinessPartners> CustomerPartner{"CustomerPartner"};
     Variable<platform::sapdi::JournalEntries> PaymentEntry{"PaymentEntry"};
+
+    std::optional<AddedDocument> LastDocument;  // of the day
 };
 
 struct TransferContext {
@@ -52,6 +62,9 @@ struct TransferContext {
     using ReadOptions = std::map<std::string, platform::Value, std::less<>>;
     mutable std::optional<ReadOptions> optionsOfDay = std::nullopt;
 };
+
+// What a document's remarks say of the sale that it comes from.
+[[nodiscard]] std::string RemarksOf(std::int16_t saleNumber);
 
 // Looks at the outcome of the last add. On an error, tells it with `heading` in front of code and
 // text, flags the data set, and starts a transaction again, since the failure has ended the open
