@@ -1,27 +1,83 @@
 #include "fileexport/placing.h"
 
+#include <array>
+#include <sstream>
+
 #include "platform/error.h"
 #include "platform/files.h"
 #include "store/data_set.h"
-#include "store/day_note.h"
 
 namespace fileexport {
 
 namespace {
 
+using platform::FileStamp;
+
 constexpr const char* kNoteName = "KVDayEndServer.placing";
-constexpr std::size_t kImportFiles = 2;  // the details of the note
+
+struct DataSetFile {
+    std::string name;
+    FileStamp stamp;
+};
+
+// What the note holds: the configured names and the stamps of the data-set files, a line each, and
+// the data set's name, which may hold anything, to the end.
+struct Note {
+    ExportedDay day;
+    std::array<DataSetFile, 2> files;  // sales, sales lines
+};
+
+std::array<DataSetFile, 2> FilesOf(const std::string& dataSetName) {
+    return {DataSetFile{store::SalesFileName(dataSetName), {}},
+            DataSetFile{store::SalesLinesFileName(dataSetName), {}}};
+}
+
+Note NoteOf(const ExportedDay& day) {
+    Note note{day, FilesOf(day.dataSetName)};
+    for (DataSetFile& file : note.files)
+        file.stamp = platform::StampOf(file.name).value_or(FileStamp{});
+    return note;
+}
+
+void Write(const Note& note) {
+    std::ostringstream text;
+    text << note.day.orderFile << '\n' << note.day.voucherFile << '\n';
+    for (const DataSetFile& file : note.files)
+        text << file.stamp.size << ' ' << file.stamp.modified << '\n';
+    text << note.day.dataSetName;
+    platform::WriteWholeFile(kNoteName, text.str());
+}
+
+Note Read() {
+    std::istringstream text(platform::ReadWholeFile(kNoteName));
+    Note note;
+    std::array<FileStamp, 2> stamps;
+    std::getline(text, note.day.orderFile);
+    std::getline(text, note.day.voucherFile);
+    for (FileStamp& stamp : stamps)
+        text >> stamp.size >> stamp.modified;
+    if (text.get() != '\n') {
+        throw platform::RuntimeError(platform::error_number::kInvalidFileFormat,
+                                     std::string(kNoteName) + " is no note of an interrupted day");
+    }
+    note.day.dataSetName.assign(std::istreambuf_iterator<char>(text), {});
+    note.files = FilesOf(note.day.dataSetName);
+    for (std::size_t i = 0; i < stamps.size(); ++i)
+        note.files[i].stamp = stamps[i];
+    return note;
+}
 
 void PlaceImportFile(const std::string& name) {
     platform::MoveFile(WorkingCopy(name), name);
 }
 
-void PlaceRest(const store::DayNote& note, const platform::Clock& clock) {
-    for (const std::string& name : note.details) {
+void PlaceRest(const Note& note, const platform::Clock& clock) {
+    for (const std::string& name : {note.day.orderFile, note.day.voucherFile}) {
         if (platform::FileExists(WorkingCopy(name))) PlaceImportFile(name);
     }
-    for (const std::string& file : store::WaitingFilesOf(note))
-        store::RenameToFinished(file, clock);
+    for (const DataSetFile& file : note.files) {
+        if (platform::StampOf(file.name) == file.stamp) store::RenameToFinished(file.name, clock);
+    }
 }
 
 }  // namespace
@@ -31,7 +87,7 @@ std::string WorkingCopy(const std::string& fileName) {
 }
 
 void PlaceDay(const ExportedDay& day, const platform::Clock& clock) {
-    store::WriteDayNote(kNoteName, day.dataSetName, {day.orderFile, day.voucherFile});
+    Write(NoteOf(day));
     PlaceImportFile(day.orderFile);
     PlaceImportFile(day.voucherFile);
     store::MarkAsTransferred(day.dataSetName, clock);
@@ -39,12 +95,12 @@ void PlaceDay(const ExportedDay& day, const platform::Clock& clock) {
 }
 
 std::optional<std::string> FinishInterruptedDay(const platform::Clock& clock) {
-    const std::optional<store::DayNote> note = store::ReadDayNote(kNoteName, kImportFiles);
-    if (!note) return std::nullopt;
-    platform::AtPlace("The interrupted day of data set " + note->dataSetName,
-                      [&] { PlaceRest(*note, clock); });
+    if (!platform::FileExists(kNoteName)) return std::nullopt;
+    const Note note = Read();
+    platform::AtPlace("The interrupted day of data set " + note.day.dataSetName,
+                      [&] { PlaceRest(note, clock); });
     platform::DeleteFile(kNoteName);
-    return note->dataSetName;
+    return note.day.dataSetName;
 }
 
 }  // namespace fileexport

@@ -194,7 +194,6 @@ class SaleToDocument {
     }
 
     void CreateDocument(ObjectType type) {
-        documentType_ = type;
         context_.objects.SalesDocument = Create<Documents>(type);
     }
 
@@ -224,7 +223,7 @@ class SaleToDocument {
     }
 
     void SetRemarks(Documents& document) const {
-        document.SetComments(RemarksOf(saleNumber_));
+        document.SetComments("Salg " + SaleNumberText() + " fra Kassovia.");
         document.SetOwnReference(Trimmed(NzText(sale_.Get("OurRef"))));
     }
 
@@ -260,7 +259,6 @@ class SaleToDocument {
             return false;
         }
         addedKey_ = platform::ToInt32(context_.objects.SAPCompany->GetNewObjectKey());
-        context_.objects.LastDocument = {documentType_, addedKey_, saleNumber_};
         (void)Document().GetByKey(addedKey_);
         return true;
     }
@@ -271,7 +269,6 @@ class SaleToDocument {
     std::int16_t saleNumber_;
     std::int16_t saleType_;
     bool isCredit_;
-    ObjectType documentType_ = ObjectType::Invoices;
     std::int32_t lineCounter_ = 0;
     std::int32_t addedKey_ = 0;
 };

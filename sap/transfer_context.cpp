@@ -9,10 +9,6 @@ platform::Value TransferContext::Option(std::string_view field) const {
     return optionsOfDay->emplace(field, databases.OptionsTable->Get(field)).first->second;
 }
 
-std::string RemarksOf(std::int16_t saleNumber) {
-    return "Salg " + std::to_string(saleNumber) + " fra Kassovia.";
-}
-
 void ReportLastError(const TransferContext& context, const std::string& heading) {
     platform::sapdi::Company& company = *context.objects.SAPCompany;
     const platform::sapdi::LastError error = company.GetLastError();

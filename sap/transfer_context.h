@@ -2,7 +2,6 @@
 // replaced, and what they are handed from outside.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
@@ -19,13 +18,6 @@
 
 namespace sap {
 
-// A document that SAP has taken.
-struct AddedDocument {
-    platform::sapdi::ObjectType type;
-    std::int32_t key = 0;  // DocEntry
-    std::int16_t saleNumber = 0;
-};
-
 // SalesDocument, CustomerPartner and PaymentEntry stay as the last routine left them: the next one
 // reads from them.
 struct SapObjects {
@@ -37,8 +29,6 @@ struct SapObjects {
     Variable<platform::sapdi::Query> SAPQuery{"SAPQuery"};
     Variable<platform::sapdi::BusinessPartners> CustomerPartner{"CustomerPartner"};
     Variable<platform::sapdi::JournalEntries> PaymentEntry{"PaymentEntry"};
-
-    std::optional<AddedDocument> LastDocument;  // of the day
 };
 
 struct TransferContext {
@@ -62,9 +52,6 @@ struct TransferContext {
     using ReadOptions = std::map<std::string, platform::Value, std::less<>>;
     mutable std::optional<ReadOptions> optionsOfDay = std::nullopt;
 };
-
-// What a document's remarks say of the sale that it comes from.
-[[nodiscard]] std::string RemarksOf(std::int16_t saleNumber);
 
 // Looks at the outcome of the last add. On an error, tells it with `heading` in front of code and
 // text, flags the data set, and starts a transaction again, since the failure has ended the open

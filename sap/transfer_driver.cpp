@@ -3,7 +3,6 @@
 #include "app/field_values.h"
 #include "platform/files.h"
 #include "platform/norwegian.h"
-#include "sap/commit_note.h"
 #include "sap/logon.h"
 #include "sap/partners_and_items.h"
 #include "sap/payments.h"
@@ -75,25 +74,11 @@ bool TransferDriver::TransferDataSetToSAP(const std::string& dataSetName) {
     }
     if (!OpenSales(dataSetName)) return false;
     if (DocumentsAreWanted() && !LogonToSAP(context_, connector_)) return false;
-    if (DocumentsAreWanted() && IsCommitted(context_, dataSetName)) {
-        FinishInterruptedDay(dataSetName);
-        return false;
-    }
     TransferMasterData();
     if (DocumentsAreWanted()) context_.objects.SAPCompany->StartTransaction();
     TransferSales(dataSetName);
     Complete(dataSetName);
     return false;
-}
-
-// A server that was ended between the commit and the finished names has left a day that still
-// waits.
-void TransferDriver::FinishInterruptedDay(const std::string& dataSetName) {
-    CloseSAPCompany(context_, TransactionEnd::RollBack);
-    store::MarkAsTransferred(dataSetName, clock_);
-    ForgetCommit(dataSetName);
-    window_.AppendStatusLine("Datasett " + store::DisplayNameOf(dataSetName) +
-                             " var overført til SAP da serveren ble avbrutt, og er nå ferdig.");
 }
 
 // The place for checks before anything is sent; there are none yet.
@@ -132,7 +117,6 @@ void TransferDriver::TransferSales(const std::string& dataSetName) {
     const SaleLines saleLines(*context_.runState.PersistConnection,
                               store::SalesLinesFileName(dataSetName));
     context_.optionsOfDay.emplace();
-    context_.objects.LastDocument.reset();
     Recordset& sales = *context_.runState.SalesRecordset;
     for (; !sales.IsEof(); sales.MoveNext()) {
         platform::AtPlace("Sale " + platform::ToText(sales.Get("ID")),
@@ -179,13 +163,10 @@ void TransferDriver::Complete(const std::string& dataSetName) {
     if (isConfirmed) platform::RequireWritableFolderOf(store::SalesFileName(dataSetName));
     if (DocumentsAreWanted()) {
         const TransactionEnd end = isConfirmed ? TransactionEnd::Commit : TransactionEnd::RollBack;
-        if (isConfirmed) NoteCommit(context_, dataSetName);
         context_.objects.SAPCompany->EndTransaction(end);
         CloseSAPCompany(context_, end);
     }
-    if (!isConfirmed) return;
-    store::MarkAsTransferred(dataSetName, clock_);
-    ForgetCommit(dataSetName);
+    if (isConfirmed) store::MarkAsTransferred(dataSetName, clock_);
 }
 
 bool TransferDriver::DocumentsAreWanted() const {

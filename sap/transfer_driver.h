@@ -21,7 +21,6 @@ class TransferDriver {
     bool TransferDataSetToSAP(const std::string& dataSetName);
 
   private:
-    void FinishInterruptedDay(const std::string& dataSetName);
     [[nodiscard]] bool ValidateSales() const;
     [[nodiscard]] bool OpenSales(const std::string& dataSetName);
     void TransferMasterData();

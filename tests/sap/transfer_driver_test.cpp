@@ -22,18 +22,6 @@ class Transfer : public testing::Test {
         EXPECT_FALSE(shop.driver.TransferDataSetToSAP("K"));
     }
 
-    // Commits the day of one sale and ends before its files have their finished names, for which a
-    // folder in the place of the first one serves.
-    void EndBeforeMarking(const Sale& sale) {
-        const std::string inTheWay = "KDayEndSales.XML.200511161433.ferdig";
-        shop.WriteDataSet("K", {sale}, {{.saleId = sale.id}});
-        std::filesystem::remove(inTheWay);
-        std::filesystem::create_directory(inTheWay);
-        shop.theOperator.answers = {Answer::Yes};
-        EXPECT_ANY_THROW(shop.driver.TransferDataSetToSAP("K"));
-        std::filesystem::remove(inTheWay);
-    }
-
     std::string Invoices() { return shop.AskCompany("SELECT NumAtCard FROM OINV"); }
     bool IsFinished() const { return shop.folder.Has("KDayEndSales.XML.200511161433.ferdig"); }
 
@@ -52,40 +40,6 @@ TEST_F(Transfer, YesCommitsAndMarksTheDataSet) {
               "")
         << "what the transfer indexed for itself is gone";
     ExpectError(91, [&] { (void)shop.objects.SAPCompany->InTransaction(); });
-}
-
-TEST_F(Transfer, ADayThatWasCommittedIsNotPostedAgain) {
-    EndBeforeMarking({.id = 1});
-    shop.WriteDataSet("Annet", {{.id = 7}}, {{.saleId = 7}});
-    shop.theOperator.answers = {kYes};
-    EXPECT_FALSE(shop.driver.TransferDataSetToSAP("Annet"));
-    Send({});
-    EXPECT_EQ(Invoices(), "1|7|");
-    EXPECT_TRUE(IsFinished());
-    EXPECT_EQ(shop.window.List.back(),
-              "Datasett K var overført til SAP da serveren ble avbrutt, og er nå ferdig.");
-    EXPECT_FALSE(shop.folder.Has("KVDayEndServer.K.committing"));
-
-    EndBeforeMarking({.id = 2, .type = 2});
-    Send({});
-    EXPECT_EQ(shop.AskCompany("SELECT Ref1 FROM ODLN"), "2|");
-}
-
-TEST_F(Transfer, ANotedDayThatIsNotInSAPIsPosted) {
-    EndBeforeMarking({.id = 1});
-    shop.InCompany("DELETE FROM OINV");
-    Send({kYes});
-    EXPECT_EQ(Invoices(), "1|");
-
-    EndBeforeMarking({.id = 1});
-    shop.InCompany("UPDATE OINV SET Ref1 = '99', Comments = 'Solgt fra kontoret'");
-    Send({kYes});
-    EXPECT_EQ(Invoices(), "1|1|1|") << "the document under that key is another";
-
-    EndBeforeMarking({.id = 1});
-    shop.WriteDataSet("K", {{.id = 1}, {.id = 2}}, {{.saleId = 1}, {.saleId = 2}});
-    Send({kYes});
-    EXPECT_EQ(Invoices(), "1|1|1|1|1|2|") << "a later day of the same name";
 }
 
 TEST_F(Transfer, NoRollsTheDocumentsBackButNotTheMasterData) {
