@@ -1,6 +1,7 @@
 #include "fileexport/placing.h"
 
 #include <array>
+#include <iterator>
 #include <sstream>
 
 #include "platform/error.h"
@@ -12,58 +13,70 @@ namespace fileexport {
 namespace {
 
 using platform::FileStamp;
+using platform::StampOf;
 
 constexpr const char* kNoteName = "KVDayEndServer.placing";
+constexpr FileStamp kNoFile{};
 
-struct DataSetFile {
-    std::string name;
-    FileStamp stamp;
-};
-
-// What the note holds: the configured names and the stamps of the data-set files, a line each, and
-// the data set's name, which may hold anything, to the end.
+// A day on its way to its place: what the files were when it was noted, and how far it has come.
 struct Note {
     ExportedDay day;
-    std::array<DataSetFile, 2> files;  // sales, sales lines
+    FileStamp orders;       // of the working copies, which keep their stamps when they are placed
+    FileStamp vouchers;     // likewise
+    FileStamp oldVouchers;  // of the voucher file that is replaced
+    std::array<FileStamp, 2> dataSet;  // sales, sales lines
+    bool isPlaced = false;             // both import files
 };
 
-std::array<DataSetFile, 2> FilesOf(const std::string& dataSetName) {
-    return {DataSetFile{store::SalesFileName(dataSetName), {}},
-            DataSetFile{store::SalesLinesFileName(dataSetName), {}}};
+std::array<std::string, 2> DataSetFilesOf(const Note& note) {
+    return {store::SalesFileName(note.day.dataSetName),
+            store::SalesLinesFileName(note.day.dataSetName)};
+}
+
+FileStamp StampNow(const std::string& name) {
+    return StampOf(name).value_or(kNoFile);
+}
+
+bool IsThere(const std::string& name, const FileStamp& stamp) {
+    return StampOf(name) == stamp;
 }
 
 Note NoteOf(const ExportedDay& day) {
-    Note note{day, FilesOf(day.dataSetName)};
-    for (DataSetFile& file : note.files)
-        file.stamp = platform::StampOf(file.name).value_or(FileStamp{});
+    Note note;
+    note.day = day;
+    note.orders = StampNow(WorkingCopy(day.orderFile));
+    note.vouchers = StampNow(WorkingCopy(day.voucherFile));
+    note.oldVouchers = StampNow(day.voucherFile);
+    for (std::size_t i = 0; i < note.dataSet.size(); ++i)
+        note.dataSet[i] = StampNow(DataSetFilesOf(note)[i]);
     return note;
 }
 
+// Names and stamps, a line each, then the data set's name, which may hold anything.
 void Write(const Note& note) {
     std::ostringstream text;
     text << note.day.orderFile << '\n' << note.day.voucherFile << '\n';
-    for (const DataSetFile& file : note.files)
-        text << file.stamp.size << ' ' << file.stamp.modified << '\n';
-    text << note.day.dataSetName;
+    for (const FileStamp& stamp :
+         {note.orders, note.vouchers, note.oldVouchers, note.dataSet[0], note.dataSet[1]})
+        text << stamp.number << ' ' << stamp.size << ' ' << stamp.modified << '\n';
+    text << note.isPlaced << '\n' << note.day.dataSetName;
     platform::WriteWholeFile(kNoteName, text.str());
 }
 
 Note Read() {
     std::istringstream text(platform::ReadWholeFile(kNoteName));
     Note note;
-    std::array<FileStamp, 2> stamps;
     std::getline(text, note.day.orderFile);
     std::getline(text, note.day.voucherFile);
-    for (FileStamp& stamp : stamps)
-        text >> stamp.size >> stamp.modified;
+    for (FileStamp* stamp :
+         {&note.orders, &note.vouchers, &note.oldVouchers, &note.dataSet[0], &note.dataSet[1]})
+        text >> stamp->number >> stamp->size >> stamp->modified;
+    text >> note.isPlaced;
     if (text.get() != '\n') {
         throw platform::RuntimeError(platform::error_number::kInvalidFileFormat,
                                      std::string(kNoteName) + " is no note of an interrupted day");
     }
     note.day.dataSetName.assign(std::istreambuf_iterator<char>(text), {});
-    note.files = FilesOf(note.day.dataSetName);
-    for (std::size_t i = 0; i < stamps.size(); ++i)
-        note.files[i].stamp = stamps[i];
     return note;
 }
 
@@ -71,13 +84,48 @@ void PlaceImportFile(const std::string& name) {
     platform::MoveFile(WorkingCopy(name), name);
 }
 
-void PlaceRest(const Note& note, const platform::Clock& clock) {
-    for (const std::string& name : {note.day.orderFile, note.day.voucherFile}) {
-        if (platform::FileExists(WorkingCopy(name))) PlaceImportFile(name);
+// Somebody has worked on the files meanwhile: to guess could lose the day or post it twice.
+[[noreturn]] void RefuseToGuess(const std::string& name) {
+    throw platform::RuntimeError(
+        platform::error_number::kPathAccess,
+        "the server was ended while it placed the day's import files, and " + name +
+            " has changed since. See what the accounting package has of the day. Then delete " +
+            kNoteName + ", and give the files of the data set other names if it has it all");
+}
+
+void RequirePlacedOrders(const Note& note) {
+    if (!IsThere(note.day.orderFile, note.orders)) RefuseToGuess(note.day.orderFile);
+}
+
+void PlaceVouchers(const Note& note) {
+    const std::string& name = note.day.voucherFile;
+    if (IsThere(name, note.vouchers)) return;
+    const bool canBePlaced =
+        IsThere(WorkingCopy(name), note.vouchers) && StampNow(name) == note.oldVouchers;
+    if (!canBePlaced) RefuseToGuess(name);
+    PlaceImportFile(name);
+}
+
+void MarkDataSet(const Note& note, const platform::Clock& clock) {
+    const std::array<std::string, 2> files = DataSetFilesOf(note);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (IsThere(files[i], note.dataSet[i])) store::RenameToFinished(files[i], clock);
     }
-    for (const DataSetFile& file : note.files) {
-        if (platform::StampOf(file.name) == file.stamp) store::RenameToFinished(file.name, clock);
+}
+
+// Both import files are in their place: from here on the accounting package may take them.
+void NoteAsPlaced(Note& note) {
+    note.isPlaced = true;
+    Write(note);
+}
+
+void PlaceRest(Note& note, const platform::Clock& clock) {
+    if (!note.isPlaced) {
+        RequirePlacedOrders(note);
+        PlaceVouchers(note);
+        NoteAsPlaced(note);
     }
+    MarkDataSet(note, clock);
 }
 
 }  // namespace
@@ -87,19 +135,27 @@ std::string WorkingCopy(const std::string& fileName) {
 }
 
 void PlaceDay(const ExportedDay& day, const platform::Clock& clock) {
-    Write(NoteOf(day));
+    Note note = NoteOf(day);
+    Write(note);
     PlaceImportFile(day.orderFile);
     PlaceImportFile(day.voucherFile);
+    NoteAsPlaced(note);
     store::MarkAsTransferred(day.dataSetName, clock);
     platform::DeleteFile(kNoteName);
 }
 
 std::optional<std::string> FinishInterruptedDay(const platform::Clock& clock) {
     if (!platform::FileExists(kNoteName)) return std::nullopt;
-    const Note note = Read();
-    platform::AtPlace("The interrupted day of data set " + note.day.dataSetName,
-                      [&] { PlaceRest(note, clock); });
+    Note note = Read();
+    const bool nothingIsPlaced =
+        !note.isPlaced && IsThere(WorkingCopy(note.day.orderFile), note.orders);
+    if (!nothingIsPlaced) {
+        platform::AtPlace(
+            std::string(kNoteName) + ", data set " + store::DisplayNameOf(note.day.dataSetName),
+            [&] { PlaceRest(note, clock); });
+    }
     platform::DeleteFile(kNoteName);
+    if (nothingIsPlaced) return std::nullopt;
     return note.day.dataSetName;
 }
 

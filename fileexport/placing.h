@@ -25,8 +25,10 @@ struct ExportedDay {
 // stays.
 void PlaceDay(const ExportedDay& day, const platform::Clock& clock);
 
-// Places what is left of a noted day and gives its data set's name; nothing where no day is noted.
-// Data-set files that are not the noted ones belong to a later day and stay.
+// Places what is left of a noted day and gives its data set's name; nothing where no day is noted,
+// or where nothing of it was placed: it still waits. Data-set files that are not the noted ones
+// belong to a later day and stay. Where the import files have changed meanwhile in a way that
+// leaves open what was placed, error 75 tells so, and the note stays.
 [[nodiscard]] std::optional<std::string> FinishInterruptedDay(const platform::Clock& clock);
 
 }  // namespace fileexport

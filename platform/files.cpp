@@ -210,7 +210,7 @@ std::optional<FileStamp> StampOf(std::string_view name) {
     if (::stat(ResolvePath(name).c_str(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
     constexpr std::int64_t kNanoseconds = 1'000'000'000;
-    return FileStamp{static_cast<std::uint64_t>(status.st_size),
+    return FileStamp{status.st_ino, static_cast<std::uint64_t>(status.st_size),
                      status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
 }
 

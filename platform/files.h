@@ -36,8 +36,9 @@ namespace platform {
 // replaced.
 void WriteWholeFile(std::string_view name, std::string_view content);
 
-// What tells a file from a later one of the same name.
+// What tells a file from a later one of the same name; another name does not change it.
 struct FileStamp {
+    std::uint64_t number = 0;   // in its file system
     std::uint64_t size = 0;     // bytes
     std::int64_t modified = 0;  // nanoseconds since 1970
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -31,6 +32,14 @@ class Placing : public testing::Test {
 
     void Place() { fileexport::PlaceDay({"K", "ordre.edi", "bilag.txt"}, shop.clock); }
 
+    // A folder in the place of a name is what ends the placing there.
+    void PlaceUpTo(const std::string& name) {
+        std::filesystem::remove(name);
+        std::filesystem::create_directory(name);
+        EXPECT_ANY_THROW(Place());
+        std::filesystem::remove(name);
+    }
+
     void ExpectPlaced() const {
         for (const char* name : {"ordre.edi", "bilag.txt"}) {
             EXPECT_EQ(shop.folder.Read(name), "new") << name;
@@ -54,41 +63,79 @@ TEST_F(Placing, LeavesNothingToFinish) {
     EXPECT_EQ(FinishInterruptedDay(shop.clock), std::nullopt);
 }
 
-class PlacingInterrupted : public Placing, public testing::WithParamInterface<const char*> {
-  protected:
-    // A folder in the place of a name is what ends the placing there.
-    void PlaceUpToTheName() {
-        std::filesystem::remove(GetParam());
-        std::filesystem::create_directory(GetParam());
-        EXPECT_ANY_THROW(Place());
-        EXPECT_ANY_THROW((void)FinishInterruptedDay(shop.clock)) << "the reason is still there";
-        std::filesystem::remove(GetParam());
-    }
-};
+TEST_F(Placing, ADayOfWhichNothingIsPlacedStillWaits) {
+    PlaceUpTo("ordre.edi");
+    EXPECT_EQ(FinishInterruptedDay(shop.clock), std::nullopt);
+    EXPECT_FALSE(shop.folder.Has("ordre.edi"));
+    EXPECT_EQ(shop.folder.Read("bilag.txt"), "old");
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+    EXPECT_FALSE(shop.folder.Has(kNote));
+}
+
+class PlacingInterrupted : public Placing, public testing::WithParamInterface<const char*> {};
 
 INSTANTIATE_TEST_SUITE_P(AtEveryName, PlacingInterrupted,
-                         testing::Values("ordre.edi", "bilag.txt", kFinishedSales, kFinishedLines));
+                         testing::Values("bilag.txt", kFinishedSales, kFinishedLines));
 
 TEST_P(PlacingInterrupted, IsFinishedOnce) {
-    PlaceUpToTheName();
+    PlaceUpTo(GetParam());
     EXPECT_EQ(FinishInterruptedDay(shop.clock), "K");
     ExpectPlaced();
     EXPECT_EQ(FinishInterruptedDay(shop.clock), std::nullopt);
 }
 
 TEST_P(PlacingInterrupted, LeavesTheFilesOfALaterDay) {
-    PlaceUpToTheName();
-    shop.WriteDataSet("K", {{}, {}}, {{}, {}, {}});
-    const std::string sales = shop.folder.Read("KDayEndSales.XML");
+    PlaceUpTo(GetParam());
+    const std::string sameSize = shop.folder.Read(
+        std::filesystem::exists("KDayEndSales.XML") ? "KDayEndSales.XML" : kFinishedSales);
+    shop.folder.Write("KDayEndSales.XML", sameSize);
+    std::filesystem::last_write_time(
+        "KDayEndSales.XML",
+        std::filesystem::last_write_time("KDayEndSales.XML") + std::chrono::seconds(5));
     EXPECT_EQ(FinishInterruptedDay(shop.clock), "K");
-    EXPECT_EQ(shop.folder.Read("KDayEndSales.XML"), sales);
-    EXPECT_TRUE(shop.folder.Has("KDayEndSalesLines.XML"));
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
     EXPECT_EQ(shop.folder.Read("ordre.edi"), "new");
+    EXPECT_EQ(shop.folder.Read("bilag.txt"), "new");
+}
+
+TEST_F(Placing, WhatTheAccountingPackageTookOfAPlacedDayStaysTaken) {
+    PlaceUpTo(kFinishedSales);
+    std::filesystem::remove("ordre.edi");
+    std::filesystem::remove("bilag.txt");
+    shop.folder.Write("ordre.edi.tmp", "of another server");
+    EXPECT_EQ(FinishInterruptedDay(shop.clock), "K");
+    EXPECT_FALSE(shop.folder.Has("ordre.edi"));
+    EXPECT_FALSE(shop.folder.Has("bilag.txt"));
+    EXPECT_TRUE(shop.folder.Has(kFinishedLines));
+}
+
+// Nothing is guessed: nothing is placed, marked or forgotten.
+TEST_F(Placing, WhereItIsOpenWhatWasPlacedItIsTold) {
+    const auto expectRefusal = [&](const std::string& changed) {
+        for (int i = 0; i < 2; ++i) {
+            const std::string text =
+                ExpectError(75, [&] { (void)FinishInterruptedDay(shop.clock); });
+            EXPECT_NE(text.find(changed + " has changed"), std::string::npos) << text;
+            EXPECT_NE(text.find(kNote), std::string::npos) << text;
+        }
+        EXPECT_TRUE(shop.folder.Has(kNote));
+        EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+        EXPECT_TRUE(shop.folder.Has("KDayEndSalesLines.XML"));
+    };
+    PlaceUpTo("bilag.txt");
+    shop.folder.Write("bilag.txt", "by another hand");
+    expectRefusal("bilag.txt");
+    EXPECT_EQ(shop.folder.Read("bilag.txt"), "by another hand");
+    std::filesystem::remove("bilag.txt.tmp");
+    expectRefusal("bilag.txt");
+    std::filesystem::remove("ordre.edi");
+    expectRefusal("ordre.edi");
+    EXPECT_FALSE(shop.folder.Has("ordre.edi"));
 }
 
 TEST_F(Placing, ANoteThatIsNoneIsNamedAndStays) {
-    for (const char* content :
-         {"", "ordre.edi\nbilag.txt\n", "ordre.edi\nbilag.txt\n1 2\n3 x\nK"}) {
+    for (const char* content : {"", "ordre.edi\nbilag.txt\n",
+                                "ordre.edi\nbilag.txt\n1 2 3\n4 5 6\n7 8 9\n1 2 3\n4 5 x\n1\nK"}) {
         shop.folder.Write(kNote, content);
         const std::string text = ExpectError(321, [&] { (void)FinishInterruptedDay(shop.clock); });
         EXPECT_NE(text.find(kNote), std::string::npos) << text;
