@@ -97,8 +97,8 @@ bool ExportRun::OperatorWantsOverwriting() {
     return runState_.LastAnswer == Answer::Yes;
 }
 
-// What can be known to fail later fails here, before the first file is placed: orders that are
-// placed without their day's vouchers and finished names would be placed again.
+// What can be known to fail later fails here, before the first file is placed: a day that is placed
+// in part keeps the server from starting until the reason is mended.
 void ExportRun::RequireRoomForPlacing(const std::string& dataSetName) const {
     platform::RequirePlaceForFile(appSettings_.EDIFileName);
     platform::RequirePlaceForFile(appSettings_.VoucherFileName);
