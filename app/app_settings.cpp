@@ -83,9 +83,9 @@ std::string WithoutTrailingSeparator(const std::string& datapath) {
     return std::string(Trim(datapath));
 }
 
-// Replaces the first occurrence of a token. At the very start of the value it takes the other stamp
-// and drops the value's last character; with nothing behind the token that count is negative and
-// the operation fails. Both are kept on purpose.
+// Replaces the first occurrence of a token.
+// kept: prefix-token-at-start. There it takes the other stamp, and the value's last character is
+// dropped; with nothing behind the token that count is negative, which is error 5.
 std::string ReplaceToken(const std::string& value, const std::string& token,
                          const std::string& stampAtStart, const std::string& stampInside) {
     const auto position = static_cast<long>(platform::FindIgnoreCase(value, token));
@@ -109,6 +109,7 @@ std::string WithDateTokens(const std::string& xmlPrefix, const DateTime& now) {
     return ReplaceToken(withTime, "DATE()", day + month + year, year + month + day);
 }
 
+// kept: point-cut-untrimmed. Judged by its length without blanks, cut with them.
 void ExtendTitle(AppSettings& appSettings) {
     if (Trim(appSettings.PointID).empty()) return;
     if (Length(Trim(appSettings.PointID)) > kPointIdLength) {
@@ -117,6 +118,7 @@ void ExtendTitle(AppSettings& appSettings) {
     appSettings.AppTitle += " (" + std::string(Trim(appSettings.PointID)) + ")";
 }
 
+// kept: overwrite-words. "true", "J" and " 1" switch it off.
 std::string OverwriteSwitch(const std::string& overwrite) {
     const std::string upper = Upper(overwrite);
     return upper == "JA" || upper == "YES" || overwrite == "1" ? "1" : "0";
@@ -126,13 +128,13 @@ std::string OverwriteSwitch(const std::string& overwrite) {
 
 void ReadServerSettings(INIClass& iniFile, const std::string& programFolder,
                         AppSettings& appSettings) {
-    iniFile.SetFileName(programFolder + "\\KVDayEndServer.ini");
+    iniFile.FileName(programFolder + "\\KVDayEndServer.ini");
     ReadSettings(iniFile, kServerSettings, appSettings);
 }
 
 void ReadStoreSettings(INIClass& iniFile, const std::string& programFolder,
                        const platform::Clock& clock, AppSettings& appSettings) {
-    iniFile.SetFileName(programFolder + "\\Kassovia.ini");
+    iniFile.FileName(programFolder + "\\Kassovia.ini");
     ReadSettings(iniFile, kStoreSettings, appSettings);
     appSettings.Datapath = WithoutTrailingSeparator(appSettings.Datapath);
     appSettings.XMLPrefix = WithDateTokens(appSettings.XMLPrefix, clock.Now());

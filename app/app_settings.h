@@ -9,6 +9,8 @@
 
 namespace app {
 
+// kept: settings-nobody-reads. Mode, NoCashTotal, NoRecalc, XMLDayEnd, XMLPrefix, XMLCommand, the
+// report names, ColumnFlags, SubProducts, XMLFileNameFor..., Portsettings and SpecialVersion.
 struct AppSettings {
     // KVDayEndServer.ini
     std::string Pattern;        // file-name patterns of the waiting data sets
@@ -56,7 +58,7 @@ struct AppSettings {
     std::string SAPOrders;  // "1": sales of type 2 become orders, not deliveries
     std::string Overwrite;  // "1" or "0"
 
-    bool UsesSAP = false;
+    bool UsesSAP = false;  // kept: exact-sap. Set in any case, and read by nothing.
     bool UsesGlobal = false;
 };
 
@@ -69,7 +71,6 @@ void ReadServerSettings(INIClass& iniFile, const std::string& programFolder,
 void ReadStoreSettings(INIClass& iniFile, const std::string& programFolder,
                        const platform::Clock& clock, AppSettings& appSettings);
 
-// Sets UsesSAP and UsesGlobal.
 void DeriveAccountingFlags(AppSettings& appSettings);
 
 }  // namespace app

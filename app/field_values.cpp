@@ -1,5 +1,6 @@
 #include "app/field_values.h"
 
+#include "platform/date_text.h"
 #include "platform/norwegian.h"
 #include "platform/text.h"
 
@@ -9,7 +10,7 @@ using platform::Mid;
 
 std::string NzText(const platform::Value& value) {
     const std::string text = platform::ToText(value);
-    if (platform::Trim(text).empty()) return " ";
+    if (platform::Trim(text).empty()) return " ";  // kept: blank-for-nothing. Never empty.
     return std::string(platform::TrimLeft(text));
 }
 

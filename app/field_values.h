@@ -9,7 +9,7 @@
 
 namespace app {
 
-// The value's text without its leading blanks; one blank where it is null or blank. Never empty.
+// The value's text without its leading blanks; one blank where it is null or blank.
 [[nodiscard]] std::string NzText(const platform::Value& value);
 
 // The value itself, unchanged, when it is numeric (a numeric text stays a text); else the number 0.

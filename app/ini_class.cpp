@@ -7,7 +7,7 @@ namespace app {
 
 namespace {
 
-constexpr int kValueBufferSize = 255;
+constexpr int kValueBufferSize = 255;  // kept: value-of-254. The last is the end.
 constexpr int kListBufferSize = 32767;
 
 std::string_view UpToNul(std::string_view buffer) {
@@ -136,7 +136,7 @@ bool INIClass::HasFileName() {
 void INIClass::CaptureLastError() {
     lastErrorNumber_ = profileFunctions_.LastError();
     if (lastErrorNumber_ == 0) {
-        lastErrorDescription_ = "An unknown error has occured";
+        lastErrorDescription_ = "An unknown error has occured";  // kept: occured
         return;
     }
     const std::string message = profileFunctions_.MessageText(lastErrorNumber_);

@@ -43,14 +43,14 @@ class INIClass {
     explicit INIClass(platform::ProfileFunctions& profileFunctions);
 
     [[nodiscard]] const std::string& FileName() const { return fileName_; }
-    void SetFileName(std::string_view newFileName) { fileName_ = newFileName; }
+    void FileName(std::string_view New_FileName) { fileName_ = New_FileName; }
 
     [[nodiscard]] const std::string& LastErrorDescription() const { return lastErrorDescription_; }
-    [[nodiscard]] int LastErrorNumber() const { return lastErrorNumber_; }
 
     // At most 254 characters. A missing or empty value leaves `psValue` as it was and gives false.
     bool ReadValue(std::string_view psSection, std::string_view psKey, std::string& psValue);
 
+    // kept: ini-operations. The server calls none of those that follow.
     // The keys and values of a section in the order of the file, from index 0.
     bool ReadSection(std::string_view psSection, TextArray& psKeys, TextArray& psValues);
 
@@ -62,14 +62,17 @@ class INIClass {
 
     bool Enum_SectionNames(TextArray& psSectionNames);
 
+    // The code of the last platform call that failed; 0 when none did.
+    [[nodiscard]] int LastErrorNumber() const { return lastErrorNumber_; }
+
   private:
     [[nodiscard]] bool HasFileName();
     void CaptureLastError();
 
-    platform::ProfileFunctions& profileFunctions_;
     std::string fileName_;
     int lastErrorNumber_ = 0;
     std::string lastErrorDescription_;
+    platform::ProfileFunctions& profileFunctions_;
 };
 
 }  // namespace app

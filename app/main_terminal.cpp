@@ -11,14 +11,15 @@
 
 namespace {
 
-ui::Attendance AttendanceOf(const app::Options& options) {
-    if (options.unattended) return ui::Attendance::Nobody;
-    return isatty(STDIN_FILENO) != 0 ? ui::Attendance::Person : ui::Attendance::Script;
+ui::terminal::Attendance AttendanceOf(const app::Options& options) {
+    if (options.unattended) return ui::terminal::Attendance::Nobody;
+    return isatty(STDIN_FILENO) != 0 ? ui::terminal::Attendance::Person
+                                     : ui::terminal::Attendance::Script;
 }
 
 int PrintDataSets(const ui::frmMain& window) {
     for (const ui::ListEntry& entry : window.ListDayEnd)
-        std::cout << entry.text << '\n';
+        std::cout << entry.dataSet.DisplayName() << '\n';
     std::cout.flush();
     return 0;
 }
@@ -33,11 +34,11 @@ int main(int argc, char** argv) {
     // A reader of the output that goes away must not stop a day half way.
     std::signal(SIGPIPE, SIG_IGN);
     // --list keeps standard output for the names.
-    ui::TerminalOperator terminal({std::cin, options.list ? std::cerr : std::cout, std::cerr},
-                                  AttendanceOf(options));
+    ui::terminal::TerminalOperator terminal(
+        {std::cin, options.list ? std::cerr : std::cout, std::cerr}, AttendanceOf(options));
     return app::RunServer(options, terminal, [&](app::StartUp& server, platform::Operator&) {
         if (options.list) return PrintDataSets(server.Window());
-        return ui::RunOnce({options.all, options.select}, server.Window(), server.Driver(),
-                           terminal);
+        return ui::terminal::RunOnce({options.all, options.select}, server.Window(),
+                                     server.Driver(), terminal);
     });
 }

@@ -13,14 +13,14 @@ int main(int argc, char** argv) {
     int toolkitArguments = 1;  // the options are ours alone
     const QApplication application(toolkitArguments, argv);
     QApplication::setDesktopFileName("KVDayEndServer");
-    QApplication::setWindowIcon(ui::ProgramIcon());
+    QApplication::setWindowIcon(ui::window::ProgramIcon());
 
-    ui::WindowOperator face;
-    return app::RunServer(*parsed.options, face,
-                          [&face](app::StartUp& server, platform::Operator& theOperator) {
-                              ui::MainWindow window(server.Window(), server.Driver(), theOperator);
-                              face.ConnectTo(window);
-                              window.show();
-                              return QApplication::exec();
-                          });
+    ui::window::WindowOperator face;
+    return app::RunServer(
+        *parsed.options, face, [&face](app::StartUp& server, platform::Operator& theOperator) {
+            ui::window::MainWindow window(server.Window(), server.Driver(), theOperator);
+            face.ConnectTo(window);
+            window.show();
+            return QApplication::exec();
+        });
 }

@@ -2,13 +2,13 @@
 
 #include <optional>
 
+#include "localcompany/local_company.h"
 #include "platform/clock.h"
 #include "platform/database/sqlite_engine.h"
 #include "platform/error.h"
 #include "platform/folder_lock.h"
 #include "platform/process.h"
 #include "platform/profile_file.h"
-#include "platform/sapdi/local_company.h"
 #include "ui/journal.h"
 
 namespace app {
@@ -19,8 +19,8 @@ int RunWith(const Options& options, platform::Operator& theOperator, platform::C
             const AfterMain& afterMain) {
     platform::SystemProcessStarter processStarter;
     platform::ProfileFiles profileFiles;
-    platform::SqliteEngine databaseEngine;
-    platform::sapdi::LocalConnector sapConnector(databaseEngine, options.folder);
+    platform::database::SqliteEngine databaseEngine;
+    localcompany::LocalConnector sapConnector(databaseEngine, options.folder);
     std::optional<platform::FolderLock> lock;  // held until the last file of `server` is closed
     StartUp server(options.folder, {theOperator, clock, processStarter, profileFiles,
                                     databaseEngine, sapConnector});

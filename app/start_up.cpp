@@ -5,7 +5,6 @@
 #include "fileexport/placing.h"
 #include "platform/error.h"
 #include "platform/files.h"
-#include "store/data_set.h"
 
 namespace app {
 
@@ -15,8 +14,8 @@ StartUp::StartUp(std::string programFolder, const Surroundings& surroundings)
       window_(appSettings_, surroundings.theOperator),
       exportRun_(appSettings_, databases_, runState_, window_, surroundings.theOperator,
                  surroundings.clock, textFiles_),
-      sapTransfer_({appSettings_, databases_, runState_, sapObjects_, surroundings.theOperator},
-                   window_, surroundings.clock, surroundings.sapConnector),
+      sapTransfer_(appSettings_, databases_, runState_, sapObjects_, window_,
+                   surroundings.theOperator, surroundings.clock, surroundings.sapConnector),
       runDriver_(appSettings_, window_, runState_, MakeTransfers(), surroundings.theOperator,
                  surroundings.clock, surroundings.processStarter) {}
 
@@ -43,18 +42,17 @@ void StartUp::ReadSettings() {
 
 // A server that was ended while it placed a day has posted it: the list must not offer it again.
 void StartUp::FinishInterruptedDay() {
-    const auto dataSetName = fileexport::FinishInterruptedDay(surroundings_.clock);
-    if (!dataSetName) return;
-    window_.AppendStatusLine("Datasett " + store::DisplayNameOf(*dataSetName) +
+    const auto dataSet = fileexport::FinishInterruptedDay(surroundings_.clock);
+    if (!dataSet) return;
+    window_.AppendStatusLine("Datasett " + dataSet->DisplayName() +
                              " ble avbrutt mens filene ble lagt på plass, og er nå ferdig.");
 }
 
 ui::Transfers StartUp::MakeTransfers() {
-    return {
-        [this](const std::string& dataSetName) { return exportRun_.ExportDataSet(dataSetName); },
-        [this](const std::string& dataSetName) {
-            return sapTransfer_.TransferDataSetToSAP(dataSetName);
-        }};
+    return {[this](const store::DataSet& dataSet) { return exportRun_.ExportDataSet(dataSet); },
+            [this](const store::DataSet& dataSet) {
+                return sapTransfer_.TransferDataSetToSAP(dataSet);
+            }};
 }
 
 }  // namespace app

@@ -25,7 +25,7 @@ struct Surroundings {
     platform::Clock& clock;
     platform::ProcessStarter& processStarter;
     platform::ProfileFunctions& profileFunctions;
-    platform::DatabaseEngine& databaseEngine;
+    platform::database::DatabaseEngine& databaseEngine;
     platform::sapdi::Connector& sapConnector;
 };
 

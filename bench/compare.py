@@ -38,15 +38,16 @@ class Comparer:
 
     # --- jobs
 
-    def server(self, shop, *arguments):
-        command = [str(self.build / "kvdayend"), "--folder", str(self.run_folder), *arguments]
+    def server(self, shop, *arguments, build=None):
+        program = (build or self.build) / "kvdayend"
+        command = [str(program), "--folder", str(self.run_folder), *arguments]
         return Job([command], lambda: shops.refresh(shop, self.run_folder))
 
-    def transfer(self, shop):
-        return self.server(shop, "--unattended", "--all")
+    def transfer(self, shop, build=None):
+        return self.server(shop, "--unattended", "--all", build=build)
 
-    def step(self, shop, step):
-        command = [str(self.build / "bench_step"), step, str(self.run_folder)]
+    def step(self, shop, step, build=None):
+        command = [str((build or self.build) / "bench_step"), step, str(self.run_folder)]
         return Job([command], lambda: shops.refresh(shop, self.run_folder))
 
     def script(self, shop, name, *arguments):
@@ -195,6 +196,27 @@ class Comparer:
         shutil.rmtree(shop)
 
 
+    def compare_builds(self, earlier):
+        """Every kind of work by this build and by an earlier one, which has kvdayend and bench_step."""
+        import_lines, receipts = self.sizes.import_lines, self.sizes.receipts
+        works = (
+            ("start-up", (40, 140), lambda *a, **k: self.server(*a, "--list", **k), 20),
+            ("SAP transfer", (receipts, 3 * receipts, "--sap"), self.transfer, 1),
+            ("whole export", (*self.sizes.day, "--changed-products", 50), self.transfer, 1),
+            ("order file", self.sizes.order_file,
+             lambda shop, **k: self.step(shop, "order-file", **k), 1),
+            ("import", (import_lines // 4, import_lines),
+             lambda shop, **k: self.step(shop, "import", **k), 1),
+        )
+        for work, size, job_of, repeats in works:
+            shop = self.make_shop("builds", *size)
+            ours, reference = job_of(shop), job_of(shop, build=earlier)
+            ours.repeats = reference.repeats = repeats
+            self.compare(f"{work}: {size[0]} sales, {size[1]} lines", ours, "the earlier build",
+                         reference, None)
+            shutil.rmtree(shop)
+
+
 def main():
     parser = argparse.ArgumentParser(prog="bench/compare")
     parser.add_argument("--build", type=pathlib.Path, required=True, help=argparse.SUPPRESS)
@@ -203,14 +225,19 @@ def main():
     parser.add_argument("--only", action="append", metavar="PART",
                         choices=["import", "order_file", "day", "sap", "start_up"],
                         help="import, order_file, day, sap or start_up; may be repeated")
+    parser.add_argument("--against", type=pathlib.Path, metavar="DIR",
+                        help="an earlier build instead of the public tools")
     options = parser.parse_args()
-    if options.write and (options.quick or options.only):
+    if options.write and (options.quick or options.only or options.against):
         parser.error("--write takes a whole run")
     with tempfile.TemporaryDirectory(prefix="kvbench-") as folder:
         comparer = Comparer(options.build.resolve(), pathlib.Path(folder),
                             QUICK if options.quick else FULL)
-        for part in options.only or ["start_up", "sap", "day", "order_file", "import"]:
-            getattr(comparer, f"compare_{part}")()
+        if options.against:
+            comparer.compare_builds(options.against.resolve())
+        else:
+            for part in options.only or ["start_up", "sap", "day", "order_file", "import"]:
+                getattr(comparer, f"compare_{part}")()
         text = report.text(comparer.rows, comparer.growth, comparer.sizes, folder)
     print(text)
     if options.write:

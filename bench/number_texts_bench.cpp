@@ -46,12 +46,13 @@ BENCHMARK(TextOfWholeNumber);
 
 void TwoDecimals(benchmark::State& state) {
     ForEach(state, Amounts(),
-            [](const Value& value) { return platform::FormatTwoDecimals(value); });
+            [](const Value& value) { return platform::ToTwoDecimals(value)->CommaText(); });
 }
 BENCHMARK(TwoDecimals);
 
 void RoundedToTwoDecimals(benchmark::State& state) {
-    ForEach(state, Amounts(), [](const Value& value) { return platform::RoundTwoDecimals(value); });
+    ForEach(state, Amounts(),
+            [](const Value& value) { return platform::RoundToTwoDecimals(value); });
 }
 BENCHMARK(RoundedToTwoDecimals);
 

@@ -20,33 +20,39 @@ OpenShop::OpenShop() {
 }
 
 void OpenShop::Import() {
-    store::ImportDataSet(kDataSet, *databases.WorkConnection);
+    store::ImportDataSet(store::DataSet(kDataSet), *databases.WorkConnection);
 }
 
 void OpenShop::WriteOrderFile() {
     OpenSales();
     const auto file = textFiles.OpenForOutput("order.bench");
-    fileexport::WriteOrderFileBody(*file, recordCounter_, kDataSet, runState, databases);
+    const auto lines =
+        runState.PersistConnection->OpenForwardOnly(store::DataSet(kDataSet).SalesLinesFile());
+    fileexport::WriteOrderFileBody(*file, recordCounter_,
+                                   {*runState.SalesRecordset, *lines, options, databases});
     file->Close();
 }
 
 void OpenShop::WriteMasterData() {
     const auto file = textFiles.OpenForOutput("master.bench");
-    fileexport::WriteMasterData(*file, databases);
+    fileexport::WriteMasterData(*file, *databases.StoreDatabase, options);
     file->Close();
 }
 
 void OpenShop::WriteVouchers() {
     OpenSales();
     const auto file = textFiles.OpenForOutput("vouchers.bench");
-    fileexport::Vouchers(*file, recordCounter_, databases, runState, clock).Write();
+    fileexport::Vouchers(*file, recordCounter_,
+                         {*databases.WorkConnection, *runState.SalesRecordset, options, clock,
+                          runState.SalesLinesRecordset})
+        .Write();
     file->Close();
 }
 
 void OpenShop::OpenSales() {
     ui::OpenPersistConnection(runState);
     runState.SalesRecordset =
-        runState.PersistConnection->OpenRecordset(store::SalesFileName(kDataSet));
+        runState.PersistConnection->OpenRecordset(store::DataSet(kDataSet).SalesFile());
 }
 
 demo::ShopOptions OneDay(std::int64_t sales, std::int64_t lines) {

@@ -7,13 +7,14 @@
 #include <string>
 
 #include "bench/quiet_operator.h"
+#include "bench/temp_folder.h"
 #include "demo/options.h"
 #include "fileexport/record_writer.h"
 #include "platform/clock.h"
 #include "platform/database/sqlite_engine.h"
 #include "platform/text_file.h"
 #include "store/databases.h"
-#include "tests/support/temp_folder.h"
+#include "store/options.h"
 #include "ui/run_state.h"
 
 namespace bench {
@@ -31,11 +32,12 @@ class OpenShop {
     void WriteMasterData();  // "master.bench", likewise
     void WriteVouchers();    // "vouchers.bench", likewise; takes what Import has left
 
-    platform::SqliteEngine engine;
+    platform::database::SqliteEngine engine;
     platform::SystemClock clock;
     QuietOperator theOperator;
     platform::TextFiles textFiles;
     store::Databases databases;
+    store::Options options{databases.OptionsTable};
     ui::RunState runState;
 
   private:
@@ -56,7 +58,7 @@ class TempShop {
     TempShop& operator=(const TempShop&) = delete;
 
   private:
-    support::TempFolder folder_;
+    TempFolder folder_;
     std::filesystem::path before_;
 };
 

@@ -1,8 +1,8 @@
 // Records of the voucher file.
 #include <benchmark/benchmark.h>
 
+#include "bench/temp_folder.h"
 #include "fileexport/record_writer.h"
-#include "tests/support/temp_folder.h"
 
 namespace {
 
@@ -28,12 +28,12 @@ fileexport::VoucherRecord TypicalRecord() {
 }
 
 void VoucherRecords(benchmark::State& state) {
-    const support::TempFolder folder;
+    const bench::TempFolder folder;
     const fileexport::VoucherRecord record = TypicalRecord();
     platform::TextFiles textFiles;
     fileexport::RecordCounter counter = 0;
     for (auto _ : state) {
-        const auto file = textFiles.OpenForOutput(folder.File("bilag.txt"));
+        const auto file = textFiles.OpenForOutput((folder.Path() / "bilag.txt").string());
         for (int i = 0; i < kRecords; ++i)
             fileexport::WriteVoucherRecord(*file, counter, record);
         fileexport::CloseVoucherFile(*file);

@@ -104,7 +104,7 @@ def machine(folder):
 
 def text(rows, growth, sizes, folder):
     load = os.getloadavg()[2]
-    return "\n".join([
+    parts = [
         f"Measured on: {machine(folder)}",
         "",
         f"Medians of {sizes.pairs} paired runs; the ratios are medians of the pairs' ratios. "
@@ -113,13 +113,21 @@ def text(rows, growth, sizes, folder):
         "",
         table(["Work", "Reference", "Ours", "Reference's", "Ratio", "CPU", "Peak memory", "Goal",
                "Met"], [row.cells() for row in rows]),
+    ]
+    if growth:
+        parts += growth_parts(growth, sizes)
+    return "\n".join(parts)
+
+
+def growth_parts(growth, sizes):
+    return [
         "",
         f"Growth, medians of {sizes.growth_runs} runs; the goal is an exponent of at most "
         f"{GROWTH_GOAL} by time:",
         "",
         table(["Work", "Sizes", "Times", "Exponent", "by CPU", "Met"],
               [line.cells() for line in growth]),
-    ])
+    ]
 
 
 def write(file, tables):

@@ -5,10 +5,10 @@
 
 #include "app/start_up.h"
 #include "bench/open_shop.h"
+#include "localcompany/local_company.h"
 #include "platform/database/sqlite_engine.h"
 #include "platform/process.h"
 #include "platform/profile_file.h"
-#include "platform/sapdi/local_company.h"
 
 namespace {
 
@@ -18,9 +18,9 @@ void TransferAll() {
     platform::SystemClock clock;
     platform::SystemProcessStarter processStarter;
     platform::ProfileFiles profileFiles;
-    platform::SqliteEngine engine;
+    platform::database::SqliteEngine engine;
     const std::string folder = std::filesystem::current_path().string();
-    platform::sapdi::LocalConnector connector(engine, folder);
+    localcompany::LocalConnector connector(engine, folder);
     app::StartUp server(folder,
                         {theOperator, clock, processStarter, profileFiles, engine, connector});
     if (server.Main() != app::AfterStartUp::Run) throw std::runtime_error("no start-up");

@@ -9,6 +9,7 @@ constexpr std::size_t kFood = 1;    // 15 %
 constexpr std::size_t kTicket = 2;  // 12 %
 constexpr std::size_t kBook = 3;    // 0 %
 
+// With the Norwegian letters, so that a demo shop tries the code pages too.
 constexpr Goods kGoods[] = {
     {"Brød grovt", 3990, kFood},
     {"Rundstykker 6 stk", 2990, kFood},
@@ -60,6 +61,7 @@ constexpr Goods kGoods[] = {
     {"Lokalavis", 4000, kBook},
 };
 
+// The first is none: the first round of products bears plain names.
 constexpr std::string_view kBrands[] = {"",         "Fjellheim", "Solsiden",   "Nordlys", "Granli",
                                         "Havblikk", "Åsly",      "Elvebakken", "Sæterli", "Øyra"};
 

@@ -6,7 +6,8 @@
 #include <string>
 
 #include "demo/random.h"
-#include "demo/sales_tables.h"
+#include "demo/rows.h"
+#include "localcompany/company_schema.h"
 #include "platform/database/sqlite_engine.h"
 #include "platform/error.h"
 
@@ -15,47 +16,6 @@ namespace demo {
 namespace {
 
 using platform::Value;
-
-constexpr std::string_view kTables[] = {
-    R"(CREATE TABLE OUSR (USER_CODE TEXT COLLATE NOCASE PRIMARY KEY, PASSWORD TEXT))",
-
-    R"(CREATE TABLE OADM (DflDebAct TEXT))",
-
-    R"(CREATE TABLE OACT (AcctCode TEXT COLLATE NOCASE PRIMARY KEY, AcctName TEXT))",
-
-    R"(CREATE TABLE OCRD (
-        CardCode TEXT COLLATE NOCASE PRIMARY KEY, CardName TEXT, Phone1 TEXT, Fax TEXT,
-        E_Mail TEXT, Address TEXT, Block TEXT, City TEXT, ZipCode TEXT, DebPayAcct TEXT))",
-
-    R"(CREATE TABLE OITM (ItemCode TEXT COLLATE NOCASE PRIMARY KEY, ItemName TEXT))",
-
-    R"(CREATE TABLE OPLN (ListNum INTEGER PRIMARY KEY, ListName TEXT))",
-
-    R"(CREATE TABLE ITM1 (
-        ItemCode TEXT COLLATE NOCASE, PriceList INTEGER, Price REAL,
-        PRIMARY KEY (ItemCode, PriceList)))",
-
-    R"(CREATE TABLE OJDT (
-        TransId INTEGER PRIMARY KEY AUTOINCREMENT, Number INTEGER, RefDate TEXT, DueDate TEXT,
-        TaxDate TEXT, Memo TEXT))",
-
-    R"(CREATE TABLE JDT1 (
-        TransId INTEGER, Line_ID INTEGER, Account TEXT, ShortName TEXT, Debit REAL, Credit REAL,
-        PRIMARY KEY (TransId, Line_ID)))",
-};
-
-// Invoice, credit note, delivery, return, order: a table of heads and one of lines each.
-constexpr std::string_view kDocuments[] = {"INV", "RIN", "DLN", "RDN", "RDR"};
-
-constexpr std::string_view kDocumentColumns =
-    " (DocEntry INTEGER PRIMARY KEY AUTOINCREMENT, DocNum INTEGER, CardCode TEXT COLLATE NOCASE, "
-    "CardName TEXT, NumAtCard TEXT, Ref1 TEXT, Ref2 TEXT, DocDate TEXT, TaxDate TEXT, "
-    "Comments TEXT, OwnRef TEXT, SlpCode INTEGER, Printed TEXT DEFAULT 'N')";
-
-constexpr std::string_view kDocumentLineColumns =
-    " (DocEntry INTEGER, LineNum INTEGER, ItemCode TEXT COLLATE NOCASE, Dscription TEXT, "
-    "Quantity REAL, Price REAL, DiscPrcnt REAL, AcctCode TEXT, Project TEXT, OcrCode TEXT, "
-    "PRIMARY KEY (DocEntry, LineNum))";
 
 // The salt comes from the seed, as the file is to come out alike each time.
 std::string PasswordHash(std::string_view password, std::uint64_t seed) {
@@ -76,7 +36,8 @@ std::string PasswordHash(std::string_view password, std::uint64_t seed) {
     return hash;
 }
 
-void AddCompany(platform::Database& database, std::uint64_t seed) {
+// What the company's checks ask for: a user, accounts, price lists.
+void AddCompany(platform::database::Database& database, std::uint64_t seed) {
     const Value user[] = {kCompanyUser, PasswordHash(kCompanyPassword, seed)};
     AddRow(*database.OpenAppender("OUSR"), user);
     const Value receivables[] = {std::to_string(account::kReceivables)};
@@ -94,7 +55,7 @@ void AddCompany(platform::Database& database, std::uint64_t seed) {
 }
 
 // A changed customer stands there as it was, without its telephone number.
-void AddPartners(platform::Database& database, const Shop& shop) {
+void AddPartners(platform::database::Database& database, const Shop& shop) {
     const auto partners = database.OpenAppender("OCRD");
     for (const Customer& customer : shop.customers) {
         if (customer.status == MasterStatus::New) continue;
@@ -114,7 +75,7 @@ void AddPartners(platform::Database& database, const Shop& shop) {
 }
 
 // A changed product stands there with its former prices.
-void AddItems(platform::Database& database, const Shop& shop) {
+void AddItems(platform::database::Database& database, const Shop& shop) {
     const auto items = database.OpenAppender("OITM");
     const auto prices = database.OpenAppender("ITM1");
     for (const Product& product : shop.products) {
@@ -127,26 +88,17 @@ void AddItems(platform::Database& database, const Shop& shop) {
         const Value cost[] = {product.id, 2, Kroner(product.costPrice * former / 100)};
         AddRow(*prices, cost);
     }
+    // The till's own article, by which the transfer asks whether roundings can be lines.
     const Value rounding[] = {"Avrunding", "Avrunding fra Kassovia"};
     AddRow(*items, rounding);
 }
 
 }  // namespace
 
-void CreateCompanyTables(platform::Database& database) {
-    for (const std::string_view sql : kTables)
-        database.Execute(sql);
-    for (const std::string_view document : kDocuments) {
-        const std::string name(document);
-        database.Execute("CREATE TABLE O" + name + std::string(kDocumentColumns));
-        database.Execute("CREATE TABLE " + name + "1" + std::string(kDocumentLineColumns));
-    }
-}
-
 void WriteCompanyDatabase(const std::filesystem::path& file, const Shop& shop, std::uint64_t seed) {
-    const auto database = platform::SqliteEngine().CreateDatabase(file.string());
+    const auto database = platform::database::SqliteEngine().CreateDatabase(file.string());
     const auto transaction = database->BeginTransaction();
-    CreateCompanyTables(*database);
+    localcompany::CreateCompanyTables(*database);
     AddCompany(*database, seed);
     AddPartners(*database, shop);
     AddItems(*database, shop);

@@ -7,16 +7,12 @@
 #include <string_view>
 
 #include "demo/shop.h"
-#include "platform/database/database.h"
 
 namespace demo {
 
 inline constexpr std::string_view kCompanyName = "Demo";
 inline constexpr std::string_view kCompanyUser = "manager";
 inline constexpr std::string_view kCompanyPassword = "landhandel";
-
-// The tables of a company, empty.
-void CreateCompanyTables(platform::Database& database);
 
 void WriteCompanyDatabase(const std::filesystem::path& file, const Shop& shop, std::uint64_t seed);
 

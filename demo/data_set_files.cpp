@@ -3,7 +3,9 @@
 #include <string_view>
 #include <vector>
 
-#include "demo/sales_tables.h"
+#include "demo/rows.h"
+#include "platform/recordset_file/writer.h"
+#include "store/schema.h"
 
 namespace demo {
 
@@ -17,6 +19,7 @@ Value TextOrNull(std::string_view text) {
     return text.empty() ? Value() : Value(text);
 }
 
+// In the order of store::SalesColumns, as the import copies by position.
 std::vector<Value> SaleRow(const Shop& shop, const Receipt& receipt, std::int64_t id) {
     const Customer* customer = receipt.customer;
     return {id,
@@ -35,7 +38,9 @@ std::vector<Value> SaleRow(const Shop& shop, const Receipt& receipt, std::int64_
 // The same row is filled again and again, as there may be a million of them.
 class LineRow {
   public:
-    explicit LineRow(const Shop& shop) : row_(SalesLinesColumns().size()) { row_[2] = shop.date; }
+    explicit LineRow(const Shop& shop) : row_(store::SalesLinesColumns().size()) {
+        row_[2] = shop.date;
+    }
 
     const std::vector<Value>& Fill(std::int64_t saleId, std::int64_t lineNo,
                                    const ReceiptLine& line) {
@@ -44,6 +49,7 @@ class LineRow {
         row_[3] = line.kind;
         SetText(4, line.productId);
         SetText(5, line.description);
+        // From thousandths to pieces or kilograms; amounts from øre to kroner.
         row_[6] = static_cast<double>(line.quantity) / 1000.0;
         row_[7] = Kroner(line.price);
         row_[8] = static_cast<double>(line.discount);
@@ -71,10 +77,11 @@ class LineRow {
 
 void WriteDataSet(const std::filesystem::path& folder, const Shop& shop, const DataSet& dataSet,
                   std::uint64_t seed) {
-    platform::RecordsetFileWriter sales((folder / (dataSet.plan.name + "DayEndSales.XML")).string(),
-                                        SalesColumns());
-    platform::RecordsetFileWriter lines(
-        (folder / (dataSet.plan.name + "DayEndSalesLines.XML")).string(), SalesLinesColumns());
+    platform::recordset_file::RecordsetFileWriter sales(
+        (folder / (dataSet.plan.name + "DayEndSales.XML")).string(), store::SalesColumns());
+    platform::recordset_file::RecordsetFileWriter lines(
+        (folder / (dataSet.plan.name + "DayEndSalesLines.XML")).string(),
+        store::SalesLinesColumns());
     Day day(shop, dataSet.plan, seed);
     LineRow lineRow(shop);
     std::int64_t id = dataSet.firstSaleId;

@@ -14,6 +14,7 @@ Day::Day(const Shop& shop, const DayPlan& plan, std::uint64_t seed)
       linesLeft_(plan.lines) {}
 
 Receipt Day::Next() {
+    // Every sale that is still to come must find its fewest records.
     const std::int64_t most = linesLeft_ - kFewestLinesPerSale * (salesLeft_ - 1);
     // The last one takes what the others have left over.
     const bool isLast = salesLeft_ == 1;
@@ -34,6 +35,7 @@ ReceiptKind Day::ChooseKind(std::int64_t mostRecords) {
         const ReceiptKind drawn = DrawKind();
         return maker_.FewestRecords(drawn) <= mostRecords ? drawn : PlainReceiptKind();
     }
+    // One that finds no room waits for a sale with more.
     const auto position = stillToCome_.begin() + random_.Between(0, waiting - 1);
     const ReceiptKind next = *position;
     if (maker_.FewestRecords(next) > mostRecords) return PlainReceiptKind();

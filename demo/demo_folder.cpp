@@ -40,6 +40,7 @@ void Clear(const fs::path& folder) {
     fs::remove(folder / kServerProfile);
 }
 
+// Nothing is deleted where no demo shop stands.
 void PrepareFolder(const fs::path& folder) {
     if (fs::exists(folder) && !(fs::is_directory(folder) && fs::is_empty(folder))) {
         if (!IsDemoShop(folder)) {

@@ -63,6 +63,7 @@ void AddOptions(CLI::App& program, demo::ShopOptions& options) {
         ->check(CheckDate);
 }
 
+// What the range of one option can not tell.
 void CheckLines(const demo::ShopOptions& options) {
     if (!options.lines) return;
     if (options.sales == 0 && *options.lines != 0) {

@@ -35,6 +35,7 @@ void WriteServerProfile(const std::filesystem::path& folder) {
                                               "Mode=\n");
 }
 
+// Paths with `\`, as the shops have them: the server's own way with names is tried too.
 std::string StoreProfile() {
     return "; Butikkens oppsett. Stier gjelder fra programmets mappe.\n"
            "[General]\n"
@@ -56,6 +57,7 @@ void WriteFileExportProfiles(const std::filesystem::path& folder) {
     WriteProfile(folder / kStoreProfile, StoreProfile() + "AccountingSystem=Global\n");
 }
 
+// Nothing that the logon asks for is left blank, so that a run needs no operator.
 void WriteSapProfiles(const std::filesystem::path& folder) {
     WriteServerProfile(folder);
     WriteProfile(folder / kStoreProfile, StoreProfile() +

@@ -6,8 +6,10 @@ namespace demo {
 
 namespace {
 
+// Takes any number of records, so it fills what the others leave.
 constexpr ReceiptKind kPlain = {Occasion::Sale, 1, record::kFirstCard, 24};
 
+// Every occasion and means of payment; the weights are per cent of the sales.
 constexpr ReceiptKind kKinds[] = {
     kPlain,
     {Occasion::Sale, 1, record::kCash, 24},
@@ -140,20 +142,24 @@ Receipt ReceiptMaker::Make(const ReceiptKind& kind, std::int64_t records) {
     return receipt;
 }
 
+// By name only where something stays on the customer's account, or by chance.
 const Customer* ReceiptMaker::ChooseCustomer(const ReceiptKind& kind) {
     const bool needsCustomer = kind.salesType != 1 || kind.paidWith == record::kCreditSale ||
                                kind.occasion == Occasion::Prepayment ||
                                kind.occasion == Occasion::InvoicePayment;
     if (!needsCustomer && !random_.Chance(8)) return nullptr;
+    // The first customer is the anonymous one.
     const auto last = static_cast<std::int64_t>(shop_.customers.size()) - 1;
     return &shop_.customers[static_cast<std::size_t>(random_.Between(1, last))];
 }
 
+// Thousandths of a kilogram or of a piece.
 std::int64_t ReceiptMaker::ChooseQuantity(const Product& product) {
     if (product.isWeighed) return random_.Between(150, 2500);
     return random_.Chance(70) ? 1000 : random_.Between(2, 6) * 1000;
 }
 
+// The VAT class by its share of the sales, then a product of that class.
 ReceiptLine ReceiptMaker::GoodsLine(int sign) {
     std::int64_t drawn = random_.Between(1, 100);
     std::size_t vat = 0;
@@ -218,6 +224,7 @@ void ReceiptMaker::PayCash(Receipt& receipt, std::int64_t total) {
     if (given > due) receipt.lines.push_back(MoneyLine(record::kChange, given - due));
 }
 
+// What the slip does not cover goes on a card.
 void ReceiptMaker::PayWithSlip(Receipt& receipt, std::int64_t total) {
     const std::int64_t slip = std::min(total, random_.Between(1, 10) * 5000);
     receipt.lines.push_back(MoneyLine(record::kIou, -slip));

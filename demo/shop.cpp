@@ -73,8 +73,10 @@ Product MakeProduct(std::int64_t index, std::int64_t makerNo, Random& random) {
     const Goods& goods = AllGoods()[position % AllGoods().size()];
     Product product;
     product.id = std::to_string(kFirstProductId + index);
+    // 70 is the prefix of Norwegian articles.
     product.barCode = WithCheckDigit("70" + Padded(makerNo, 4) + Padded(index % 1000000, 6));
     product.description = ProductName(goods, position / AllGoods().size());
+    // Prices on a shelf end in 90 øre; a service has that of the table.
     product.price = goods.isService ? goods.price
                                     : goods.price * random.Between(85, 130) / 100 / 100 * 100 + 90;
     const std::int64_t withoutVat = product.price * 100 / (100 + kVatClasses[goods.vatClass].rate);

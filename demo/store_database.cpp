@@ -4,8 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "demo/sales_tables.h"
+#include "demo/rows.h"
 #include "platform/database/sqlite_engine.h"
+#include "store/schema.h"
 
 namespace demo {
 
@@ -13,39 +14,12 @@ namespace {
 
 using platform::Value;
 
-constexpr std::string_view kTables[] = {
-    R"(CREATE TABLE Options (
-        NextVoucherNo INTEGER, DeptNo INTEGER, CreditToOrder BOOLEAN, GrossPrices BOOLEAN,
-        StockNo INTEGER, SalesAccount INTEGER, DefaultVATCode INTEGER, Long1 INTEGER,
-        CashAccount INTEGER, BankAccount INTEGER, IOUAccount INTEGER, IOUName TEXT,
-        Card1Account INTEGER, Card2Account INTEGER, Card3Account INTEGER, Card4Account INTEGER,
-        Card5Account INTEGER, Card6Account INTEGER, Card7Account INTEGER, Card1Name TEXT,
-        Card2Name TEXT, Card3Name TEXT, Card4Name TEXT, Card5Name TEXT, Card6Name TEXT,
-        Card7Name TEXT, DefaultCustomerID TEXT, SAPSalesPriceList INTEGER,
-        SAPCostPriceList INTEGER))",
-
-    R"(CREATE TABLE Customers (
-        ID TEXT COLLATE NOCASE PRIMARY KEY, Name TEXT, Address1 TEXT, Address2 TEXT,
-        Address3 TEXT, Address4 TEXT, PostalCode TEXT, PostalAddress TEXT, Phone TEXT, Fax TEXT,
-        CustPrGr INTEGER, CustPrG2 INTEGER, EMail TEXT, Discount DOUBLE, Status SMALLINT))",
-
-    R"(CREATE TABLE Products (
-        ID TEXT COLLATE NOCASE PRIMARY KEY, BarCode TEXT, Description TEXT, ProdPrGr INTEGER,
-        ProdPrG2 INTEGER, Price DOUBLE, CostPrice DOUBLE, Status SMALLINT))",
-
-    R"(CREATE TABLE PriceMatrix (
-        ProdNo TEXT COLLATE NOCASE, SalePr DOUBLE, CstPr DOUBLE, Status SMALLINT))",
-
-    R"(CREATE TABLE SelBuy (ID INTEGER PRIMARY KEY, Name TEXT))",
-
-    R"(CREATE TABLE Tax (VatCode INTEGER PRIMARY KEY, Rate DOUBLE))",
-};
-
 Value StatusValue(MasterStatus status) {
     return static_cast<int>(status);
 }
 
-void AddOptions(platform::Database& database, const Shop& shop) {
+// In the order of the table's columns.
+void AddOptions(platform::database::Database& database, const Shop& shop) {
     constexpr int kDeptNo = 1;
     constexpr int kStockNo = 1;
     std::vector<Value> row = {shop.nextVoucherNo,
@@ -73,7 +47,7 @@ void AddOptions(platform::Database& database, const Shop& shop) {
     AddRow(*database.OpenAppender("Options"), row);
 }
 
-void AddCustomers(platform::Database& database, const Shop& shop) {
+void AddCustomers(platform::database::Database& database, const Shop& shop) {
     const auto table = database.OpenAppender("Customers");
     for (const Customer& customer : shop.customers) {
         const Value row[] = {customer.id,
@@ -95,7 +69,7 @@ void AddCustomers(platform::Database& database, const Shop& shop) {
     }
 }
 
-void AddProducts(platform::Database& database, const Shop& shop) {
+void AddProducts(platform::database::Database& database, const Shop& shop) {
     const auto products = database.OpenAppender("Products");
     for (const Product& product : shop.products) {
         const auto group = static_cast<int>(product.vatClass) + 1;
@@ -109,6 +83,7 @@ void AddProducts(platform::Database& database, const Shop& shop) {
                              StatusValue(product.status)};
         AddRow(*products, row);
     }
+    // A row of prices has a mark of its own, and is exported by it.
     const auto prices = database.OpenAppender("PriceMatrix");
     for (const Product& product : shop.products) {
         const Value row[] = {product.id, Kroner(product.price), Kroner(product.costPrice),
@@ -117,7 +92,7 @@ void AddProducts(platform::Database& database, const Shop& shop) {
     }
 }
 
-void AddSellersAndTax(platform::Database& database, const Shop& shop) {
+void AddSellersAndTax(platform::database::Database& database, const Shop& shop) {
     const auto sellers = database.OpenAppender("SelBuy");
     int number = 0;
     for (const std::string& name : shop.sellers) {
@@ -133,16 +108,11 @@ void AddSellersAndTax(platform::Database& database, const Shop& shop) {
 
 }  // namespace
 
-void CreateStoreTables(platform::Database& database) {
-    for (const std::string_view sql : kTables)
-        database.Execute(sql);
-    CreateSalesTables(database);
-}
-
+// In one transaction, as every write to disk by itself would take longer than all the rows.
 void WriteStoreDatabase(const std::filesystem::path& file, const Shop& shop) {
-    const auto database = platform::SqliteEngine().CreateDatabase(file.string());
+    const auto database = platform::database::SqliteEngine().CreateDatabase(file.string());
     const auto transaction = database->BeginTransaction();
-    CreateStoreTables(*database);
+    store::CreateStoreTables(*database);
     AddOptions(*database, shop);
     AddCustomers(*database, shop);
     AddProducts(*database, shop);
@@ -151,9 +121,9 @@ void WriteStoreDatabase(const std::filesystem::path& file, const Shop& shop) {
 }
 
 void WriteWorkDatabase(const std::filesystem::path& file) {
-    const auto database = platform::SqliteEngine().CreateDatabase(file.string());
+    const auto database = platform::database::SqliteEngine().CreateDatabase(file.string());
     const auto transaction = database->BeginTransaction();
-    CreateSalesTables(*database);
+    store::CreateSalesTables(*database);
     transaction->Commit();
 }
 

@@ -5,12 +5,8 @@
 #include <filesystem>
 
 #include "demo/shop.h"
-#include "platform/database/database.h"
 
 namespace demo {
-
-// The store's tables, empty.
-void CreateStoreTables(platform::Database& database);
 
 void WriteStoreDatabase(const std::filesystem::path& file, const Shop& shop);
 void WriteWorkDatabase(const std::filesystem::path& file);

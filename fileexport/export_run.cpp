@@ -5,7 +5,6 @@
 #include "fileexport/placing.h"
 #include "fileexport/vouchers.h"
 #include "platform/files.h"
-#include "store/data_set.h"
 #include "store/import.h"
 
 namespace fileexport {
@@ -19,49 +18,62 @@ constexpr const char* kOrderFileStart = "7;6;";
 }  // namespace
 
 ExportRun::ExportRun(const app::AppSettings& appSettings, const store::Databases& databases,
-                     ui::RunState& runState, ui::frmMain& window, platform::Operator& theOperator,
-                     const platform::Clock& clock, platform::TextFiles& textFiles)
+                     ui::RunState& runState, ui::StatusLog& statusLog,
+                     platform::Operator& theOperator, const platform::Clock& clock,
+                     platform::TextFiles& textFiles)
     : appSettings_(appSettings),
       databases_(databases),
+      options_(databases.OptionsTable),
       runState_(runState),
-      window_(window),
+      statusLog_(statusLog),
       operator_(theOperator),
       clock_(clock),
       textFiles_(textFiles) {}
 
-bool ExportRun::ExportDataSet(const std::string& dataSetName) {
-    if (!ui::DataSetFilesExist(dataSetName, window_)) return false;
-    store::ImportDataSet(dataSetName, *databases_.WorkConnection);
-    OpenSales(dataSetName);
-    if (runState_.SalesRecordset->AbsolutePosition() < 0) return false;  // a day without sales
+bool ExportRun::ExportDataSet(const store::DataSet& dataSet) {
+    if (!ui::DataSetFilesExist(dataSet, statusLog_)) return false;
+    store::ImportDataSet(dataSet, *databases_.WorkConnection);
+    OpenSales(dataSet);
+    if (runState_.SalesRecordset->IsEof()) return false;  // kept: quiet-ends. Nobody is told.
 
     OpenVoucherFile();
     OpenOrderFile();
-    WriteOrderFileBody(*orderFile_, recordCounter_, dataSetName, runState_, databases_);
+    WriteOrders(dataSet);
     // From here on records lose their marks for good, so what can be known to fail fails before,
     // even for an operator who would say No at the end.
     orderFile_->Flush();
-    RequireRoomForPlacing(dataSetName);
-    runState_.SalesRecordset->MoveFirst();
-    WriteMasterData(*voucherFile_, databases_);
-    Vouchers(*voucherFile_, recordCounter_, databases_, runState_, clock_).Write();
+    RequireRoomForPlacing(dataSet);
+    WriteMasterData(*voucherFile_, *databases_.StoreDatabase, options_);
+    WriteVouchers();
 
     if (ui::OperatorWantsRenaming(runState_, operator_, appSettings_.AppTitle)) {
-        RequireRoomForPlacing(dataSetName);
+        RequireRoomForPlacing(dataSet);
         CloseImportFiles();
-        PlaceDay({dataSetName, appSettings_.EDIFileName, appSettings_.VoucherFileName}, clock_);
+        PlaceDay(dataSet, {appSettings_.EDIFileName, appSettings_.VoucherFileName}, clock_);
     } else {
-        // The order file's working copy stays open, so that the next data set of this run fails
-        // rather than following a day that was not taken.
+        // kept: orders-left-open. The order file's working copy stays, open: the next data set of
+        // this program ends with error 55.
         DiscardVoucherFile();
     }
     return false;
 }
 
-void ExportRun::OpenSales(const std::string& dataSetName) {
+void ExportRun::OpenSales(const store::DataSet& dataSet) {
     ui::OpenPersistConnection(runState_);
-    runState_.SalesRecordset =
-        runState_.PersistConnection->OpenRecordset(store::SalesFileName(dataSetName));
+    runState_.SalesRecordset = runState_.PersistConnection->OpenRecordset(dataSet.SalesFile());
+}
+
+void ExportRun::WriteOrders(const store::DataSet& dataSet) {
+    const auto lines = runState_.PersistConnection->OpenForwardOnly(dataSet.SalesLinesFile());
+    WriteOrderFileBody(*orderFile_, recordCounter_,
+                       {*runState_.SalesRecordset, *lines, options_, databases_});
+}
+
+void ExportRun::WriteVouchers() {
+    Vouchers(*voucherFile_, recordCounter_,
+             {*databases_.WorkConnection, *runState_.SalesRecordset, options_, clock_,
+              runState_.SalesLinesRecordset})
+        .Write();
 }
 
 void ExportRun::OpenVoucherFile() {
@@ -74,8 +86,7 @@ void ExportRun::OpenVoucherFile() {
     }
 }
 
-// An existing order file is always extended, whatever Overwrite says: orders of several days wait
-// in it until the accounting package has taken them.
+// kept: orders-always-extended. Overwrite is the voucher file's alone.
 void ExportRun::OpenOrderFile() {
     const std::string& name = appSettings_.EDIFileName;
     if (platform::FileExists(name)) {
@@ -87,6 +98,7 @@ void ExportRun::OpenOrderFile() {
     }
 }
 
+// kept: boxes-without-a-title. The question at the end has one.
 bool ExportRun::OperatorWantsOverwriting() {
     runState_.LastAnswer = Answer::Yes;
     if (appSettings_.Overwrite != "1") {
@@ -99,10 +111,10 @@ bool ExportRun::OperatorWantsOverwriting() {
 
 // What can be known to fail later fails here, before the first file is placed: a day that is placed
 // in part keeps the server from starting until the reason is mended.
-void ExportRun::RequireRoomForPlacing(const std::string& dataSetName) const {
+void ExportRun::RequireRoomForPlacing(const store::DataSet& dataSet) const {
     platform::RequirePlaceForFile(appSettings_.EDIFileName);
     platform::RequirePlaceForFile(appSettings_.VoucherFileName);
-    platform::RequireWritableFolderOf(store::SalesFileName(dataSetName));
+    dataSet.RequireRoomForFinishedNames();
 }
 
 // Both working copies are complete on disk before the first of them takes its name, and each takes

@@ -2,42 +2,46 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include "app/app_settings.h"
 #include "fileexport/record_writer.h"
 #include "platform/clock.h"
 #include "platform/operator.h"
 #include "platform/text_file.h"
+#include "store/data_set.h"
 #include "store/databases.h"
-#include "ui/frm_main.h"
+#include "store/options.h"
 #include "ui/run_state.h"
+#include "ui/status_log.h"
 
 namespace fileexport {
 
 class ExportRun {
   public:
     ExportRun(const app::AppSettings& appSettings, const store::Databases& databases,
-              ui::RunState& runState, ui::frmMain& window, platform::Operator& theOperator,
+              ui::RunState& runState, ui::StatusLog& statusLog, platform::Operator& theOperator,
               const platform::Clock& clock, platform::TextFiles& textFiles);
 
-    // Exports one data set. Both import files are built as working copies (".tmp") and take the
-    // configured names only when the operator says Yes at the end. The answer is always false.
-    bool ExportDataSet(const std::string& dataSetName);
+    // Both import files are built as working copies (".tmp") and take the configured names only
+    // when the operator says Yes at the end. The answer is always false.
+    bool ExportDataSet(const store::DataSet& dataSet);
 
   private:
-    void OpenSales(const std::string& dataSetName);
+    void OpenSales(const store::DataSet& dataSet);
+    void WriteOrders(const store::DataSet& dataSet);
+    void WriteVouchers();
     void OpenVoucherFile();
     void OpenOrderFile();
     [[nodiscard]] bool OperatorWantsOverwriting();
-    void RequireRoomForPlacing(const std::string& dataSetName) const;
+    void RequireRoomForPlacing(const store::DataSet& dataSet) const;
     void CloseImportFiles();
     void DiscardVoucherFile();
 
     const app::AppSettings& appSettings_;
     const store::Databases& databases_;
+    store::Options options_;
     ui::RunState& runState_;
-    ui::frmMain& window_;
+    ui::StatusLog& statusLog_;
     platform::Operator& operator_;
     const platform::Clock& clock_;
     platform::TextFiles& textFiles_;

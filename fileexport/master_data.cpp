@@ -3,18 +3,22 @@
 #include <span>
 #include <string>
 
+#include "platform/comparison.h"
 #include "platform/database/batch.h"
 #include "platform/norwegian.h"
+#include "store/master_data.h"
 #include "store/transaction_types.h"
 
 namespace fileexport {
 
 namespace {
 
-using platform::Recordset;
 using platform::TextFile;
 using platform::Value;
+using platform::database::Database;
+using platform::database::Record;
 
+// kept: empty-lines. The customers' section begins without an empty line, the others with one.
 enum class FirstLine { FieldList, EmptyLine };
 enum class LastValue { None, GrossSwitch };
 
@@ -33,14 +37,14 @@ constexpr const char* kProductColumns[] = {"ID", "BarCode", "Description", "Prod
 constexpr const char* kPriceMatrixColumns[] = {"ProdNo", "SalePr", "CstPr"};
 
 constexpr Section kSections[] = {
-    {"SELECT * FROM Customers WHERE Status <> 0",
+    {"SELECT * FROM Customers WHERE Status <> ?",
      "@Actor (=CustNo, Nm, Ad1, Ad2, Ad3, Ad4, PNo, PArea, Phone, Fax, CustPrGr, CustPrG2, MailAd, "
      "CustTotD)",
      FirstLine::FieldList, kCustomerColumns, LastValue::None},
-    {"SELECT * FROM Products WHERE Status <> 0",
+    {"SELECT * FROM Products WHERE Status <> ?",
      "@Prod (=ProdNo, EANItmNo, Descr, ProdPrGr, ProdPrG2)", FirstLine::EmptyLine, kProductColumns,
      LastValue::None},
-    {"SELECT * FROM PriceMatrix WHERE Status <> 0", "@PrDcMat (=ProdNo, SalePr, CstPr, Gross)",
+    {"SELECT * FROM PriceMatrix WHERE Status <> ?", "@PrDcMat (=ProdNo, SalePr, CstPr, Gross)",
      FirstLine::EmptyLine, kPriceMatrixColumns, LastValue::GrossSwitch},
 };
 
@@ -49,8 +53,8 @@ void AppendQuoted(std::string& line, const std::string& text) {
     line += '"' + text + '"';
 }
 
-// The columns as they are stored, untrimmed and unescaped, then the section's own last value.
-std::string RecordLine(const Recordset& row, const Section& section, const Value& lastValue) {
+// kept: untrimmed-master-data. The values keep their blanks, those of vouchers lose them.
+std::string RecordLine(const Record& row, const Section& section, const Value& lastValue) {
     std::string line;
     for (const char* column : section.columns) {
         AppendQuoted(line, platform::ToText(row.Get(column)));
@@ -59,43 +63,37 @@ std::string RecordLine(const Recordset& row, const Section& section, const Value
     return line;
 }
 
-void MarkAsTransferred(Recordset& row) {
-    row.Edit();
-    row.Set("Status", store::master_status::kNothingToDo);
-    row.Update();
+// kept: gross-of-null. "0" stands for prices without VAT; an empty switch counts as with.
+Value GrossSwitch(const store::Options& options) {
+    return platform::Equals(options.GrossPrices(), 0) ? "0" : "1";
 }
 
-// "0" where the store's prices are without VAT; an empty switch counts as with.
-Value GrossSwitch(const Recordset& options) {
-    return platform::Equals(options.Get("GrossPrices"), 0) ? "0" : "1";
-}
-
-void WriteSection(const Section& section, TextFile& voucherFile,
-                  const store::Databases& databases) {
-    const auto rows = databases.StoreDatabase->OpenQuery(section.query);
-    if (rows->IsEof()) return rows->Close();
+void WriteSection(const Section& section, TextFile& voucherFile, Database& storeDatabase,
+                  const store::Options& options) {
+    const auto rows = storeDatabase.OpenQuery(section.query, {store::master_status::kNothingToDo});
+    if (rows->IsEof()) return;
 
     if (section.firstLine == FirstLine::EmptyLine) voucherFile.WriteLine("");
     voucherFile.WriteLine(section.fieldList);
     voucherFile.WriteLine("");
 
-    const Value lastValue = section.lastValue == LastValue::GrossSwitch
-                                ? GrossSwitch(*databases.OptionsTable)
-                                : Value();
-    platform::Batch batch(*databases.StoreDatabase);
-    for (rows->MoveFirst(); !rows->IsEof(); rows->MoveNext()) {
+    const Value lastValue =
+        section.lastValue == LastValue::GrossSwitch ? GrossSwitch(options) : Value();
+    platform::database::Batch batch(storeDatabase);
+    for (; !rows->IsEof(); rows->MoveNext()) {
         voucherFile.WriteLine(RecordLine(*rows, section, lastValue));
-        MarkAsTransferred(*rows);
+        store::ResetStatus(*rows);  // kept: marks-stay-reset. Also after a No at the end.
     }
     batch.Commit();
-    rows->Close();
 }
 
 }  // namespace
 
-void WriteMasterData(TextFile& voucherFile, const store::Databases& databases) {
+void WriteMasterData(TextFile& voucherFile, Database& storeDatabase,
+                     const store::Options& options) {
+    options.Refresh();
     for (const Section& section : kSections)
-        WriteSection(section, voucherFile, databases);
+        WriteSection(section, voucherFile, storeDatabase, options);
 }
 
 }  // namespace fileexport

@@ -1,24 +1,28 @@
-// The body of the order file: a head for each sale that is an order to the accounting package, and
-// beneath it the lines.
+// The body of the order file: a head for each sale that is an order, and beneath it the lines.
 #pragma once
 
-#include <string>
-
 #include "fileexport/record_writer.h"
+#include "platform/database/client_recordset.h"
+#include "platform/recordset_file/forward_recordset.h"
 #include "platform/text_file.h"
 #include "store/databases.h"
-#include "ui/run_state.h"
+#include "store/options.h"
 
 namespace fileexport {
 
-// Writes an "H" line for each sale of type 1, 2 or 4, followed by an "L" line for every line of the
-// whole data set, in file order, not only for its own, which is kept on purpose. Leaves
-// SalesRecordset at its end.
+struct OrderSources {
+    platform::database::ClientRecordset& sales;         // the loaded sales
+    platform::recordset_file::ForwardRecordset& lines;  // of the data set, on the first
+    store::Options options;
+    const store::Databases& databases;  // for the VAT rates
+};
+
+// Leaves the sales at their end.
 void WriteOrderFileBody(platform::TextFile& orderFile, RecordCounter& recordCounter,
-                        const std::string& dataSetName, ui::RunState& runState,
-                        const store::Databases& databases);
+                        const OrderSources& sources);
 
 // The VAT rate of a code in per cent; 0 for a code that the Tax table does not hold.
-[[nodiscard]] double VatRate(platform::TableRecordset& taxTable, const platform::Value& vatCode);
+[[nodiscard]] double VatRate(platform::database::TableRecordset& taxTable,
+                             const platform::Value& vatCode);
 
 }  // namespace fileexport

@@ -6,7 +6,6 @@
 
 #include "platform/error.h"
 #include "platform/files.h"
-#include "store/data_set.h"
 
 namespace fileexport {
 
@@ -20,17 +19,17 @@ constexpr FileStamp kNoFile{};
 
 // A day on its way to its place: what the files were when it was noted, and how far it has come.
 struct Note {
-    ExportedDay day;
+    store::DataSet dataSet{""};
+    ImportFiles importFiles;
     FileStamp orders;       // of the working copies, which keep their stamps when they are placed
     FileStamp vouchers;     // likewise
     FileStamp oldVouchers;  // of the voucher file that is replaced
-    std::array<FileStamp, 2> dataSet;  // sales, sales lines
-    bool isPlaced = false;             // both import files
+    std::array<FileStamp, 2> dataSetFiles;  // sales, sales lines
+    bool isPlaced = false;                  // both import files
 };
 
 std::array<std::string, 2> DataSetFilesOf(const Note& note) {
-    return {store::SalesFileName(note.day.dataSetName),
-            store::SalesLinesFileName(note.day.dataSetName)};
+    return {note.dataSet.SalesFile(), note.dataSet.SalesLinesFile()};
 }
 
 FileStamp StampNow(const std::string& name) {
@@ -41,42 +40,43 @@ bool IsThere(const std::string& name, const FileStamp& stamp) {
     return StampOf(name) == stamp;
 }
 
-Note NoteOf(const ExportedDay& day) {
+Note NoteOf(const store::DataSet& dataSet, const ImportFiles& importFiles) {
     Note note;
-    note.day = day;
-    note.orders = StampNow(WorkingCopy(day.orderFile));
-    note.vouchers = StampNow(WorkingCopy(day.voucherFile));
-    note.oldVouchers = StampNow(day.voucherFile);
-    for (std::size_t i = 0; i < note.dataSet.size(); ++i)
-        note.dataSet[i] = StampNow(DataSetFilesOf(note)[i]);
+    note.dataSet = dataSet;
+    note.importFiles = importFiles;
+    note.orders = StampNow(WorkingCopy(importFiles.orders));
+    note.vouchers = StampNow(WorkingCopy(importFiles.vouchers));
+    note.oldVouchers = StampNow(importFiles.vouchers);
+    for (std::size_t i = 0; i < note.dataSetFiles.size(); ++i)
+        note.dataSetFiles[i] = StampNow(DataSetFilesOf(note)[i]);
     return note;
 }
 
 // Names and stamps, a line each, then the data set's name, which may hold anything.
 void Write(const Note& note) {
     std::ostringstream text;
-    text << note.day.orderFile << '\n' << note.day.voucherFile << '\n';
+    text << note.importFiles.orders << '\n' << note.importFiles.vouchers << '\n';
     for (const FileStamp& stamp :
-         {note.orders, note.vouchers, note.oldVouchers, note.dataSet[0], note.dataSet[1]})
+         {note.orders, note.vouchers, note.oldVouchers, note.dataSetFiles[0], note.dataSetFiles[1]})
         text << stamp.number << ' ' << stamp.size << ' ' << stamp.modified << '\n';
-    text << note.isPlaced << '\n' << note.day.dataSetName;
+    text << note.isPlaced << '\n' << note.dataSet.Name();
     platform::WriteWholeFile(kNoteName, text.str());
 }
 
 Note Read() {
     std::istringstream text(platform::ReadWholeFile(kNoteName));
     Note note;
-    std::getline(text, note.day.orderFile);
-    std::getline(text, note.day.voucherFile);
-    for (FileStamp* stamp :
-         {&note.orders, &note.vouchers, &note.oldVouchers, &note.dataSet[0], &note.dataSet[1]})
+    std::getline(text, note.importFiles.orders);
+    std::getline(text, note.importFiles.vouchers);
+    for (FileStamp* stamp : {&note.orders, &note.vouchers, &note.oldVouchers, &note.dataSetFiles[0],
+                             &note.dataSetFiles[1]})
         text >> stamp->number >> stamp->size >> stamp->modified;
     text >> note.isPlaced;
     if (text.get() != '\n') {
         throw platform::RuntimeError(platform::error_number::kInvalidFileFormat,
                                      std::string(kNoteName) + " is no note of an interrupted day");
     }
-    note.day.dataSetName.assign(std::istreambuf_iterator<char>(text), {});
+    note.dataSet = store::DataSet({std::istreambuf_iterator<char>(text), {}});
     return note;
 }
 
@@ -94,11 +94,11 @@ void PlaceImportFile(const std::string& name) {
 }
 
 void RequirePlacedOrders(const Note& note) {
-    if (!IsThere(note.day.orderFile, note.orders)) RefuseToGuess(note.day.orderFile);
+    if (!IsThere(note.importFiles.orders, note.orders)) RefuseToGuess(note.importFiles.orders);
 }
 
 void PlaceVouchers(const Note& note) {
-    const std::string& name = note.day.voucherFile;
+    const std::string& name = note.importFiles.vouchers;
     if (IsThere(name, note.vouchers)) return;
     const bool canBePlaced =
         IsThere(WorkingCopy(name), note.vouchers) && StampNow(name) == note.oldVouchers;
@@ -109,7 +109,7 @@ void PlaceVouchers(const Note& note) {
 void MarkDataSet(const Note& note, const platform::Clock& clock) {
     const std::array<std::string, 2> files = DataSetFilesOf(note);
     for (std::size_t i = 0; i < files.size(); ++i) {
-        if (IsThere(files[i], note.dataSet[i])) store::RenameToFinished(files[i], clock);
+        if (IsThere(files[i], note.dataSetFiles[i])) store::RenameToFinished(files[i], clock);
     }
 }
 
@@ -134,29 +134,29 @@ std::string WorkingCopy(const std::string& fileName) {
     return fileName + ".tmp";
 }
 
-void PlaceDay(const ExportedDay& day, const platform::Clock& clock) {
-    Note note = NoteOf(day);
+void PlaceDay(const store::DataSet& dataSet, const ImportFiles& importFiles,
+              const platform::Clock& clock) {
+    Note note = NoteOf(dataSet, importFiles);
     Write(note);
-    PlaceImportFile(day.orderFile);
-    PlaceImportFile(day.voucherFile);
+    PlaceImportFile(importFiles.orders);
+    PlaceImportFile(importFiles.vouchers);
     NoteAsPlaced(note);
-    store::MarkAsTransferred(day.dataSetName, clock);
+    dataSet.MarkAsTransferred(clock);
     platform::DeleteFile(kNoteName);
 }
 
-std::optional<std::string> FinishInterruptedDay(const platform::Clock& clock) {
+std::optional<store::DataSet> FinishInterruptedDay(const platform::Clock& clock) {
     if (!platform::FileExists(kNoteName)) return std::nullopt;
     Note note = Read();
     const bool nothingIsPlaced =
-        !note.isPlaced && IsThere(WorkingCopy(note.day.orderFile), note.orders);
+        !note.isPlaced && IsThere(WorkingCopy(note.importFiles.orders), note.orders);
     if (!nothingIsPlaced) {
-        platform::AtPlace(
-            std::string(kNoteName) + ", data set " + store::DisplayNameOf(note.day.dataSetName),
-            [&] { PlaceRest(note, clock); });
+        platform::AtPlace(std::string(kNoteName) + ", data set " + note.dataSet.DisplayName(),
+                          [&] { PlaceRest(note, clock); });
     }
     platform::DeleteFile(kNoteName);
     if (nothingIsPlaced) return std::nullopt;
-    return note.day.dataSetName;
+    return note.dataSet;
 }
 
 }  // namespace fileexport

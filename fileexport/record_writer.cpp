@@ -1,7 +1,5 @@
 #include "fileexport/record_writer.h"
 
-#include <algorithm>
-
 #include "platform/norwegian.h"
 #include "platform/text.h"
 
@@ -51,7 +49,7 @@ void WriteVoucherRecord(TextFile& voucherFile, RecordCounter& recordCounter,
          &r.R1,     &r.R2,     &r.R3,   &r.R4,     &r.R5,     &r.R6});
     if (platform::Length(line) > kLineLimit) {
         voucherFile.WriteLine(platform::Left(line, kLineLimit) + kContinuation);
-        // Kept on purpose: the continuation is empty, whatever the line has lost.
+        // kept: cut-at-200. The continuation is empty, whatever the line has lost.
         voucherFile.WriteLine("");
     } else {
         voucherFile.WriteLine(line);
@@ -61,16 +59,6 @@ void WriteVoucherRecord(TextFile& voucherFile, RecordCounter& recordCounter,
 
 void CloseVoucherFile(TextFile& voucherFile) {
     voucherFile.Close();
-}
-
-std::string AmountText(Value& value) {
-    if (!platform::IsNumeric(value)) value = 0;
-    std::string text = platform::ToText(value);
-    if (text.find(',') != std::string::npos) {
-        std::replace(text.begin(), text.end(), ',', '.');
-        value = text;
-    }
-    return platform::Trim(text).empty() ? "0.00" : text;
 }
 
 }  // namespace fileexport

@@ -1,5 +1,4 @@
-// Writes the batch and voucher records of the voucher file, and turns amounts into the text that
-// the order file needs. Knows nothing of what is posted.
+// Writes the batch and voucher records of the voucher file. Knows nothing of what is posted.
 #pragma once
 
 #include <cstdint>
@@ -26,12 +25,11 @@ struct VoucherRecord {
     platform::Value R1, R2, R3, R4, R5, R6;
 };
 
-// The count of records since the last header. Nothing reads it; it is kept with the formats that it
-// belongs to.
+// kept: record-counter. Counts the records since the last header; nothing reads it.
 using RecordCounter = std::int32_t;
 
-// Values in double quotes, each trimmed of blanks, separated by one blank. A quote inside a value
-// stays as it is: the accounting package knows no escape.
+// Values in double quotes, each trimmed of blanks, separated by one blank.
+// kept: quotes-not-escaped. The accounting package knows no escape.
 [[nodiscard]] std::string QuotedRecordLine(const std::vector<const platform::Value*>& values);
 
 // The batch record (date as YYYYMMDD, description, suspense switch) and the voucher field list.
@@ -39,15 +37,10 @@ void WriteVoucherHeaders(platform::TextFile& voucherFile, RecordCounter& recordC
                          const platform::Value& valDt, const platform::Value& descr,
                          const platform::Value& susp);
 
-// One voucher. A line of more than 200 characters loses what comes after them: its first 200, the
-// continuation marker, and one empty line are written.
+// Of a line of more than 200 characters: the first 200, the continuation marker, an empty line.
 void WriteVoucherRecord(platform::TextFile& voucherFile, RecordCounter& recordCounter,
                         const VoucherRecord& record);
 
 void CloseVoucherFile(platform::TextFile& voucherFile);
-
-// Makes `value` numeric (0 where it is null or no number), replaces each decimal comma in its text
-// by a point, and gives the text. Works on the caller's value.
-std::string AmountText(platform::Value& value);
 
 }  // namespace fileexport

@@ -1,35 +1,36 @@
-// The day's postings: sales, cash rounding, means of payment, and what moves on customers'
+// The day's vouchers: sales, cash rounding, means of payment, and what moves on customers'
 // accounts, all under the store's next voucher number.
 #pragma once
 
+#include <optional>
+#include <string_view>
+
+#include "fileexport/posting.h"
 #include "fileexport/record_writer.h"
 #include "platform/clock.h"
+#include "platform/database/database.h"
+#include "platform/object_variable.h"
 #include "platform/text_file.h"
-#include "store/databases.h"
-#include "ui/run_state.h"
+#include "store/options.h"
 
 namespace fileexport {
 
-// What a posting says beyond the values that all have in common.
-struct Posting {
-    platform::Value date;  // YYYYMMDD
-    int voucherType = 0;
-    platform::Value text;
-    std::int32_t account = 0;
-    platform::Value vatCode = 0;
-    platform::Value amount;  // signed: above 0 is credit, 0 and below debit
-    platform::Value invoiceNo = "";
-    platform::Value agreementRef = "";
+struct VoucherSources {
+    platform::database::Database& workDatabase;  // holds the imported data set
+    platform::database::ClientRecordset& sales;  // the loaded sales
+    store::Options options;
+    const platform::Clock& clock;
+
+    // Holds the results of the phase one after another.
+    platform::ObjectVariable<platform::database::Recordset>& SalesLinesRecordset;
 };
 
 class Vouchers {
   public:
     Vouchers(platform::TextFile& voucherFile, RecordCounter& recordCounter,
-             const store::Databases& databases, ui::RunState& runState,
-             const platform::Clock& clock);
+             const VoucherSources& sources);
 
-    // The whole voucher phase: reads the work database and the loaded sales, marks the loaded sales
-    // as transferred and advances the voucher number, which stays advanced whatever follows.
+    // The whole phase. The voucher number stays advanced whatever follows.
     void Write();
 
   private:
@@ -38,21 +39,18 @@ class Vouchers {
     void WriteRoundingPostings();
     void WritePaymentPostings();
     void WriteReceiptPostings();
-    void WriteReceipt(platform::Recordset& sale);
-    void WriteReceiptLine(const platform::Recordset& sale, const platform::Recordset& line);
-    void MarkSale(platform::Recordset& sale);
-    void AdvanceVoucherNo();
+    void WriteReceipt();
+    void WriteReceiptLines();
 
-    [[nodiscard]] platform::Recordset& OpenOnWorkConnection(std::string_view query);
-    void WritePosting(const Posting& posting);
-    [[nodiscard]] std::int32_t OptionAccount(const std::string& field) const;
-    [[nodiscard]] platform::Value Option(std::string_view field) const;
+    using PostingOfSum = std::optional<Posting>(const DailySum&, const store::Options&);
+    void WriteSums(const char* query, PostingOfSum& postingOf);
+    [[nodiscard]] platform::database::Recordset& OpenOnWorkDatabase(
+        std::string_view query, std::initializer_list<platform::Value> values = {});
+    void WritePosting(const std::optional<Posting>& posting);
 
     platform::TextFile& voucherFile_;
     RecordCounter& recordCounter_;
-    const store::Databases& databases_;
-    ui::RunState& runState_;
-    const platform::Clock& clock_;
+    VoucherSources sources_;
 };
 
 }  // namespace fileexport

@@ -31,14 +31,11 @@ class Descriptor {
 // Writes all bytes and takes what is written off the front of `bytes`.
 [[nodiscard]] int WriteAll(int descriptor, std::string_view& bytes);
 
-// Reads from where the file stands to its end, behind what `bytes` holds.
+// Both go on from where the file stands to its end, ReadAll behind what `bytes` holds.
 [[nodiscard]] int ReadAll(int descriptor, std::string& bytes);
-
-// Copies from where `from` stands to its end, to where `to` stands.
 [[nodiscard]] int CopyAll(int from, int to);
 
-// Has the system begin to put the content on disk, without waiting and without a promise: a later
-// SyncContent has less to wait for.
+// Has the system begin to put the content on disk, so that SyncContent has less to wait for.
 void BeginSync(int descriptor);
 
 // Asks the system to put the content on disk; a device that has no disk is no failure.

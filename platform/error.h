@@ -77,8 +77,7 @@ decltype(auto) AtPlace(const std::string& place, Action&& action) {
 // 51 for what no other number fits.
 [[nodiscard]] RuntimeError CurrentError();
 
-// The failure of a call of the operating system (an errno value) on a file, as error 53, 61, 70,
-// 75, 76 or 57; `verb` is what was tried ("open", "copy").
+// The failure of a call on a file, as error 53, 57, 61, 70, 75 or 76; `verb` is what was tried.
 [[nodiscard]] RuntimeError ErrorFromErrno(int errnoValue, std::string_view verb,
                                           std::string_view path);
 

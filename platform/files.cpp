@@ -49,7 +49,6 @@ std::string SpellingOnDisk(const fs::path& folder, std::string_view part) {
     return found.empty() ? std::string(name) : found;
 }
 
-// The byte offset of the character after the one at `offset`.
 std::size_t NextCharacter(std::string_view text, std::size_t offset) {
     ++offset;
     while (offset < text.size() && (static_cast<unsigned char>(text[offset]) & 0xC0U) == 0x80U)
@@ -116,8 +115,7 @@ fs::path BehindLink(const fs::path& path) {
     return failure ? path : target;
 }
 
-// Other programs that may write the file that is replaced may write the one that takes its place.
-// Best effort: only the superuser can give files away.
+// Who may write the file that is replaced may write the new one, as far as the system lets it.
 void TakeOwnerAndModeOf(const fs::path& existing, const fs::path& file) {
     struct stat status {};
     if (::stat(existing.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
@@ -232,6 +230,26 @@ void MoveFile(std::string_view from, std::string_view to) {
     int failure = SyncFolderOf(target);
     if (failure == 0 && FolderOf(source) != FolderOf(target)) failure = SyncFolderOf(source);
     if (failure != 0) throw ErrorOfMoving(failure, source, target);
+}
+
+void KeepAside(std::string_view name) {
+    const fs::path path = BehindLink(ResolvePath(name));
+    std::error_code ignored;
+    if (!fs::is_regular_file(path, ignored)) return;
+    // A hard link fails where the name is taken, so that nobody's file is lost between a look and
+    // the renaming.
+    for (int number = 1;; ++number) {
+        const fs::path aside = path.string() + "." + std::to_string(number);
+        if (::linkat(AT_FDCWD, path.c_str(), AT_FDCWD, aside.c_str(), 0) == 0) return;
+        if (errno == EEXIST) continue;
+        if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOTSUP) {
+            throw ErrorOfMoving(errno, path, aside);
+        }
+        // A file system without hard links.
+        if (::renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, aside.c_str(), RENAME_NOREPLACE) == 0)
+            return;
+        if (errno != EEXIST) throw ErrorOfMoving(errno, path, aside);
+    }
 }
 
 void DeleteFile(std::string_view name) {

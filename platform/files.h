@@ -17,8 +17,7 @@ namespace platform {
 // Parts that do not exist stay as given, without blanks at their end. The result may name nothing.
 [[nodiscard]] std::filesystem::path ResolvePath(std::string_view name);
 
-// Whether a regular file of that name exists.
-[[nodiscard]] bool FileExists(std::string_view name);
+[[nodiscard]] bool FileExists(std::string_view name);  // a regular file
 
 // Whether `name` matches one of the patterns (`*` any run, `?` one character, several separated by
 // `;`), without regard to case. An empty pattern matches nothing.
@@ -29,11 +28,9 @@ namespace platform {
 [[nodiscard]] std::vector<std::string> ListFiles(std::string_view folder,
                                                  std::string_view patterns);
 
-// The bytes of a whole file.
 [[nodiscard]] std::string ReadWholeFile(std::string_view name);
 
-// Writes a file beside its place and puts it there in one step, on disk; one that is there is
-// replaced.
+// Writes a file beside its place and puts it there in one step, on disk.
 void WriteWholeFile(std::string_view name, std::string_view content);
 
 // What tells a file from a later one of the same name; another name does not change it.
@@ -52,6 +49,10 @@ struct FileStamp {
 // its owner and mode are taken over; a link of that name stays and the file behind it is replaced.
 // Where the two lie on different file systems: copied beside the target, synced, then put in place.
 void MoveFile(std::string_view from, std::string_view to);
+
+// Gives a file of that name, where there is one, a second name: `name` + ".1", or the first number
+// that is free. So it outlives whatever takes its place. Error 75 where it can not be kept.
+void KeepAside(std::string_view name);
 
 void DeleteFile(std::string_view name);  // for good, also on disk; 53 where there is none
 

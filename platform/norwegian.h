@@ -1,5 +1,5 @@
-// Values as texts and texts as values, by Norwegian conventions whatever the system's locale:
-// decimal comma, no grouping, dates as dd.mm.yyyy. The only place that knows these rules.
+// Values as texts and texts as values, by Norwegian conventions whatever the system's locale: those
+// of number_text.h and date_text.h.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/number_text.h"
 #include "platform/value.h"
 
 namespace platform {
@@ -15,13 +16,10 @@ namespace platform {
 // "dd.mm.yyyy hh:mm:ss" or, at midnight, "dd.mm.yyyy".
 [[nodiscard]] std::string ToText(const Value& value);
 
-// At most 15 significant digits, decimal comma, exponent form ("1E-05", "1,5E+15") where the
-// exponent is below -4 or 15 and more.
-[[nodiscard]] std::string NumberText(double number);
+[[nodiscard]] std::string TrimmedText(const Value& value);  // without blanks around it
 
-// The number that a text spells: blanks around it aside, an optional sign, digits with at most one
-// decimal mark (comma or point), an optional exponent. Nothing where it spells none.
-[[nodiscard]] std::optional<double> ParseNumber(std::string_view text);
+// As ToDouble; nothing for null and for a text that spells no number.
+[[nodiscard]] std::optional<double> NumberOf(const Value& value);
 
 // Whether the value is a number, true/false, or a text that spells a number.
 [[nodiscard]] bool IsNumeric(const Value& value);
@@ -32,21 +30,9 @@ namespace platform {
 [[nodiscard]] std::int16_t ToInt16(const Value& value);
 [[nodiscard]] std::int32_t ToInt32(const Value& value);
 
-// The patterns "####0.00" and "###0.00": at least one digit, two decimals, decimal comma, halves
-// away from zero judged on the text of 15 significant digits (1.005 gives 1,01), no minus in front
-// of 0,00. Null gives the empty text, a text that is not numeric stays as it is; what is
-// infinite or no number at all is error 6.
-[[nodiscard]] std::string FormatTwoDecimals(const Value& value);
+// As TwoDecimals::Of; nothing for null and for a text that spells no number either.
+[[nodiscard]] std::optional<TwoDecimals> ToTwoDecimals(const Value& value);
 
-// The number that FormatTwoDecimals shows; where it shows none (of null too) error 13.
-[[nodiscard]] double RoundTwoDecimals(const Value& value);
-
-// "dd.mm.yyyy" and "dd.mm.yyyy hh:mm:ss" (the latter always with its time).
-[[nodiscard]] std::string ShortDateText(const DateTime& date);
-[[nodiscard]] std::string DateTimeText(const DateTime& moment);
-
-// The date of a text "dd.mm.yyyy" or "dd/mm/yyyy"; anything else, or a date that does not exist,
-// is error 13.
-[[nodiscard]] DateTime ToDate(std::string_view text);
+[[nodiscard]] double RoundToTwoDecimals(const Value& value);  // error 13 where there is none
 
 }  // namespace platform

@@ -1,5 +1,4 @@
-// A process-wide object variable: empty until an object is set, and used while empty it is an error
-// of the system and no crash.
+// A process-wide object variable: used while it is empty, it is an error of the system, no crash.
 #pragma once
 
 #include <memory>

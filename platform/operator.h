@@ -20,7 +20,6 @@ struct Notice {
     Icon icon = Icon::None;
 };
 
-// A box with a Yes and a No button.
 struct Question {
     std::optional<std::string> title;
     std::string text;
@@ -28,7 +27,6 @@ struct Question {
     Answer defaultAnswer = Answer::Yes;
 };
 
-// A box with an input line.
 struct InputRequest {
     std::string title;
     std::string text;
@@ -43,8 +41,7 @@ class Operator {
     virtual void Show(const Notice& notice) = 0;
     [[nodiscard]] virtual Answer Ask(const Question& question) = 0;
 
-    // The text as entered; empty when the prompt is cancelled.
-    [[nodiscard]] virtual std::string Prompt(const InputRequest& request) = 0;
+    [[nodiscard]] virtual std::string Prompt(const InputRequest& request) = 0;  // empty: cancelled
 
     virtual void ShowStatusLine(std::string_view line) = 0;
     virtual void DayEndCommandStarted(std::string_view commandLine) = 0;

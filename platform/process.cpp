@@ -59,7 +59,6 @@ bool IsProgram(const fs::path& path) {
     return fs::is_regular_file(path, ignored) && ::access(path.c_str(), X_OK) == 0;
 }
 
-// The program's file as an absolute path; empty where there is none.
 fs::path FindProgram(const std::string& name) {
     std::error_code ignored;
     const fs::path here = fs::absolute(ResolvePath(name), ignored);
@@ -76,8 +75,7 @@ fs::path FindProgram(const std::string& name) {
     return {};
 }
 
-// The same file under a number above those of the standard input and outputs, which the new
-// program's own take.
+// Under a number above those of the standard input and outputs, which the new program's take.
 Descriptor AboveStandard(const Descriptor& file) {
     return Descriptor(::fcntl(file.Get(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
 }
@@ -115,8 +113,7 @@ Descriptor AboveStandard(const Descriptor& file) {
     Execute(program, arguments, null, report);
 }
 
-// Whether the program was started: the pipe closes with a word where that failed, and without one
-// when the program takes over.
+// The pipe closes with a word where the start failed, without one when the program takes over.
 bool StartDetached(const char* program, char* const* arguments) {
     std::array<int, 2> pipe{};
     if (::pipe2(pipe.data(), O_CLOEXEC) != 0) return false;

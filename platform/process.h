@@ -9,8 +9,7 @@ class ProcessStarter {
   public:
     virtual ~ProcessStarter() = default;
 
-    // Starts the command line as a program of its own; false where it can not be started.
-    [[nodiscard]] virtual bool Start(std::string_view commandLine) = 0;
+    [[nodiscard]] virtual bool Start(std::string_view commandLine) = 0;  // false: not started
 };
 
 // Splits the command line at blanks (quotation marks, single or double, hold a word together) and

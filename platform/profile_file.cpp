@@ -80,7 +80,6 @@ int ReplaceContent(const fs::path& path, const Descriptor& oldFile, std::string_
     return failure == 0 ? file.Commit() : failure;
 }
 
-// Gives the file the content that `change` makes of the present one; the outcome's code.
 int ChangeFile(std::string_view fileName,
                const std::function<std::string(const ProfileText&)>& change) {
     fs::path path = ResolvePath(fileName);

@@ -14,7 +14,6 @@ class ProfileText;
 // Sections and keys are found without regard to case, the first of two equal ones counts; blanks
 // around names, keys and values do not belong to them; one pair of enclosing quotation marks is
 // taken off a value; lines that start with `;` are comments.
-//
 // Every function answers with a count of characters (0: failure or nothing there) or true/false;
 // the buffer holds just the counted characters. A list longer than the buffer is cut to
 // bufferSize - 2 of them. The outcome is in LastError(): 0, 2 (file, section or key not found),
@@ -23,8 +22,7 @@ class ProfileFunctions {
   public:
     virtual ~ProfileFunctions() = default;
 
-    // One value, or `defaultText` where section or key is missing, cut to bufferSize - 1
-    // characters.
+    // One value, or `defaultText` where there is none, cut to bufferSize - 1 characters.
     virtual int GetString(std::string_view section, std::string_view key,
                           std::string_view defaultText, std::string& buffer, int bufferSize,
                           std::string_view fileName) = 0;
@@ -47,8 +45,7 @@ class ProfileFunctions {
 
     [[nodiscard]] virtual int LastError() const = 0;
 
-    // The system's text for such a code; empty for one that it does not know.
-    [[nodiscard]] virtual std::string MessageText(int code) const = 0;
+    [[nodiscard]] virtual std::string MessageText(int code) const = 0;  // empty: no such code
 };
 
 class ProfileFiles : public ProfileFunctions {

@@ -20,11 +20,9 @@ class ProfileText {
     [[nodiscard]] std::optional<std::string> Value(std::string_view section,
                                                    std::string_view key) const;
 
-    // The entries of a section, each ended by a NUL. Quotation marks stay, as the platform leaves
-    // them here too.
+    // The entries of a section and the names of all sections, each ended by a NUL. Quotation marks
+    // stay, as the platform leaves them here too.
     [[nodiscard]] std::optional<std::string> Entries(std::string_view section) const;
-
-    // The names of all sections in the order of the file, each ended by a NUL.
     [[nodiscard]] std::string SectionNames() const;
 
     // The content with the value set. A value that would lose blanks or quotation marks when it is

@@ -124,6 +124,10 @@ std::string_view Trim(std::string_view text) {
     return TrimRight(TrimLeft(text));
 }
 
+bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(' ') == std::string_view::npos;
+}
+
 std::string Upper(std::string_view text) {
     std::string upper;
     upper.reserve(text.size());

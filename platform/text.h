@@ -21,18 +21,17 @@ namespace platform {
 [[nodiscard]] std::string_view TrimLeft(std::string_view text);
 [[nodiscard]] std::string_view TrimRight(std::string_view text);
 
-// Upper case of the Latin letters, the Norwegian ones among them; every other character stays, and
-// the number of characters does not change.
+[[nodiscard]] bool IsBlank(std::string_view text);
+
+// Of the Latin letters, the Norwegian ones among them; the number of characters does not change.
 [[nodiscard]] std::string Upper(std::string_view text);
 
 [[nodiscard]] bool EqualsIgnoreCase(std::string_view left, std::string_view right);
 
-// Position (counted in characters from 1) of the first occurrence of `wanted` in `text` without
-// regard to case; 0 where there is none.
+// The place of the first `wanted`, in characters from 1; 0 where there is none.
 [[nodiscard]] std::size_t FindIgnoreCase(std::string_view text, std::string_view wanted);
 
-// A number that is not negative, with zeros in front up to `width` digits.
-[[nodiscard]] std::string Digits(int number, int width);
+[[nodiscard]] std::string Digits(int number, int width);  // not negative, zeros in front
 
 // `text` with blanks on the right up to `width` characters; a longer text stays whole.
 [[nodiscard]] std::string PadRight(std::string_view text, std::size_t width);

@@ -55,7 +55,6 @@ void CopyContent(const fs::path& source, const fs::path& target) {
         failure = ::ftruncate(to.Get(), 0) == 0 ? 0 : errno;
     }
     if (failure == 0) failure = CopyAll(from.Get(), to.Get());
-    // The caller deletes the source next.
     if (failure == 0) failure = SyncContent(to.Get());
     if (failure == 0) failure = to.Close();
     if (failure != 0) throw ErrorFromErrno(failure, "write", target.string());

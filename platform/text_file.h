@@ -31,8 +31,7 @@ class TextFile {
     // Writes what is collected: a full disk shows now rather than at Close.
     void Flush();
 
-    // Writes what is collected, asks the system to put it on disk, closes the file and takes it
-    // from the table. A second call does nothing.
+    // Has all of it put on disk and takes the file from the table. A second call does nothing.
     void Close();
 
     [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
@@ -52,8 +51,7 @@ class TextFile {
     std::size_t sinceSync_ = 0;  // bytes written since the disk was last set to work
 };
 
-// One line in the file's own bytes: code page and CR LF.
-[[nodiscard]] std::string EncodeLine(std::string_view line);
+[[nodiscard]] std::string EncodeLine(std::string_view line);  // code page and CR LF
 
 // The table of open output files. It outlives them.
 class TextFiles {

@@ -1,5 +1,5 @@
-// The dynamically typed value of a database field or a data-set field, and how two of them compare.
-// Knows nothing of how a value is written as text (norwegian.h) or stored.
+// The dynamically typed value of a database field or a data-set field. Knows nothing of how a value
+// is written as text (norwegian.h), compared (comparison.h) or stored.
 #pragma once
 
 #include <cstdint>
@@ -47,25 +47,14 @@ class Value {
     [[nodiscard]] const std::string* AsText() const { return std::get_if<std::string>(&data_); }
     [[nodiscard]] const DateTime* AsDate() const { return std::get_if<DateTime>(&data_); }
 
-    // The value becomes this text; the room of an earlier text is used again, so that a row that is
-    // filled a million times does not allocate a million times.
+    // The room of an earlier text is used again: a row may be filled a million times.
     void AssignText(std::string_view text);
 
-    // Same type and same content: for tests and containers. The system's comparisons are below.
+    // Same type and content, for tests and containers. The system compares by comparison.h.
     friend bool operator==(const Value&, const Value&) = default;
 
   private:
     std::variant<std::monostate, bool, std::int64_t, double, std::string, DateTime> data_;
 };
-
-enum class Ordering { Less, Equal, Greater, Unordered };
-
-// How two values compare in filters and conditions: numbers by size, dates by time, texts without
-// regard to case; true counts as -1 and false as 0 beside a number; a text beside a number counts
-// as the number that it spells. Null, and a text that spells no number beside one, is Unordered.
-[[nodiscard]] Ordering Compare(const Value& left, const Value& right);
-
-// Compare(left, right) is Equal; so null equals nothing.
-[[nodiscard]] bool Equals(const Value& left, const Value& right);
 
 }  // namespace platform

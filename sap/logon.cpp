@@ -10,17 +10,12 @@ namespace {
 
 using platform::sapdi::Company;
 
-bool IsBlank(const std::string& text) {
-    return platform::Trim(text).empty();
-}
-
 std::string Prompt(platform::Operator& theOperator, const std::string& text, bool isPassword) {
     return theOperator.Prompt({"Pålogging", text, "", isPassword});
 }
 
 bool WantsTrustedLogin(const std::string& useTrusted) {
-    // The upper-cased text never equals "False", so that this word switches trusted login on. Kept
-    // on purpose.
+    // kept: false-is-trusted. No upper-cased text equals "False": the word switches it on.
     const bool isOff =
         useTrusted.empty() || useTrusted == "0" || platform::Upper(useTrusted) == "False";
     return !isOff;
@@ -28,11 +23,11 @@ bool WantsTrustedLogin(const std::string& useTrusted) {
 
 void SetDatabaseLogin(Company& company, const TransferContext& context) {
     const app::AppSettings& settings = context.AppSettings;
-    company.SetDbUserName(IsBlank(settings.SAPDBUser)
+    company.SetDbUserName(platform::IsBlank(settings.SAPDBUser)
                               ? Prompt(context.theOperator, "MSSQL bruker?", false)
                               : settings.SAPDBUser);
-    if (IsBlank(settings.SAPDBPassword)) {
-        // Kept on purpose: the prompted text replaces the user name, and the password stays unset.
+    if (platform::IsBlank(settings.SAPDBPassword)) {
+        // kept: password-as-user. The answer replaces the user; the password stays unset.
         company.SetDbUserName(Prompt(context.theOperator, "MSSQL passord?", true));
     } else {
         company.SetDbPassword(settings.SAPDBPassword);
@@ -41,11 +36,11 @@ void SetDatabaseLogin(Company& company, const TransferContext& context) {
 
 void SetUserLogin(Company& company, const TransferContext& context) {
     const app::AppSettings& settings = context.AppSettings;
-    company.SetUserName(IsBlank(settings.SAPUserName)
+    company.SetUserName(platform::IsBlank(settings.SAPUserName)
                             ? Prompt(context.theOperator, "Bruker for SAP Business One?", false)
                             : settings.SAPUserName);
     company.SetPassword(
-        IsBlank(settings.SAPPassword)
+        platform::IsBlank(settings.SAPPassword)
             ? Prompt(context.theOperator, "Passord for '" + company.UserName() + "'?", true)
             : settings.SAPPassword);
 }

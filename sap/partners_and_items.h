@@ -4,11 +4,11 @@
 #include <string>
 
 #include "sap/transfer_context.h"
+#include "store/master_data.h"
 
 namespace sap {
 
-// A customer as the routines take it: every text through NzText, so that a blank column is one
-// blank.
+// A row of the store as the routines take it: texts through NzText, a blank column is one blank.
 struct Customer {
     std::string ID;
     std::string Name;
@@ -29,10 +29,13 @@ struct Customer {
 struct Product {
     std::string ID;
     std::string Description;
-    std::string BarCode;
+    std::string BarCode;  // kept: fields-sap-never-gets
     double Price = 0;
     double CostPrice = 0;
 };
+
+[[nodiscard]] Customer CustomerOf(const store::Customer& row);
+[[nodiscard]] Product ProductOf(const store::Product& row);
 
 // Each answers true when SAP has taken the row. A failure is told to the operator and ends only
 // this row; a changed row that SAP does not know gives false without a message.

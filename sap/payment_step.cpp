@@ -1,18 +1,19 @@
 #include "sap/payment_step.h"
 
+#include "platform/comparison.h"
 #include "platform/norwegian.h"
 #include "sap/payments.h"
+#include "store/sale_line.h"
 #include "store/transaction_types.h"
 
 namespace sap {
 
-using platform::Recordset;
 using platform::Value;
+using platform::database::ClientRecordset;
 namespace trans_type = store::trans_type;
 
 namespace {
 
-constexpr const char* kPaymentLines = "TransType >= 10";
 constexpr int kLastPaymentType = 29;
 constexpr int kLastBeforeCards = 20;
 
@@ -21,11 +22,12 @@ struct Payments {
     int type = 0;  // of the last line; change counts as cash
 };
 
-Payments Sum(Recordset& lineView) {
+Payments Sum(ClientRecordset& lineView) {
     Payments payments;
     for (; !lineView.IsEof(); lineView.MoveNext()) {
-        payments.total += platform::ToDouble(lineView.Get("Amount"));
-        const Value code = lineView.Get("TransType");
+        const store::SaleLine line(lineView);
+        payments.total += platform::ToDouble(line.Amount());
+        const Value code = line.TransType();
         payments.type = platform::Equals(code, trans_type::kChange) ? trans_type::kCash
                                                                     : platform::ToInt32(code);
     }
@@ -46,16 +48,12 @@ void Book(const TransferContext& context, const Payments& payments, std::int16_t
 }  // namespace
 
 void BookReceiptPayments(const TransferContext& context, const SaleLines& saleLines,
-                         std::int16_t saleNumber) {
-    const auto lineView = saleLines.Open(kPaymentLines, saleNumber);
+                         std::int16_t saleNumber, long itemLines) {
+    const auto lineView = saleLines.Open(LineKind::Payments, saleNumber);
     Payments payments;
-    if (context.runState.SalesLinesRecordset->RecordCount() > 0) payments = Sum(*lineView);
-    if (lineView->AbsolutePosition() >= 0) {
-        for (lineView->MoveFirst(); !lineView->IsEof(); lineView->MoveNext()) {
-            Book(context, payments, saleNumber);
-        }
-    }
-    lineView->Close();
+    if (itemLines > 0) payments = Sum(*lineView);
+    for (; !lineView->IsEof(); lineView->MoveNext())
+        Book(context, payments, saleNumber);
 }
 
 }  // namespace sap

@@ -8,10 +8,10 @@
 
 namespace sap {
 
-// Adds the receipt's payments up, and books them against SalesDocument where the view of them still
-// stands on a record. It never does after the walk, and without the walk the total is 0: so no
-// payment of an ordinary receipt is booked. Kept on purpose.
+// Adds the receipt's payments up, where it has item lines, and books them against SalesDocument
+// where the view of them still stands on a record.
+// kept: no-payment-booked. After the walk it does not, and without the walk the total is 0.
 void BookReceiptPayments(const TransferContext& context, const SaleLines& saleLines,
-                         std::int16_t saleNumber);
+                         std::int16_t saleNumber, long itemLines);
 
 }  // namespace sap

@@ -5,8 +5,10 @@
 #include <optional>
 
 #include "app/field_values.h"
+#include "platform/date_text.h"
 #include "platform/error.h"
 #include "platform/norwegian.h"
+#include "sap/document.h"
 #include "store/transaction_types.h"
 
 namespace sap {
@@ -20,9 +22,10 @@ using platform::sapdi::ObjectType;
 using platform::sapdi::QueryResult;
 namespace trans_type = store::trans_type;
 
+constexpr int kLastQueriedType = 19;  // so no card is among them
 constexpr const char* kPaymentQuery =
     "select * from Sales, SalesLines WHERE Sales.ID = SalesLines.SalesID and "
-    "(SalesLines.TransType >=10 and SalesLines.TransType <= 19) and SalesLines.SalesID = ";
+    "(SalesLines.TransType >=? and SalesLines.TransType <= ?) and SalesLines.SalesID = ?";
 
 JournalEntries& NewPaymentEntry(const TransferContext& context) {
     context.objects.PaymentEntry = platform::sapdi::GetObject<JournalEntries>(
@@ -73,7 +76,7 @@ const char* AccountFieldOf(int paymentType) {
 void SetPaymentAccount(const TransferContext& context, JournalEntryLines& line, int paymentType,
                        std::int32_t sale) {
     if (const char* field = AccountFieldOf(paymentType)) {
-        line.SetAccountCode(platform::ToText(context.Option(field)));
+        line.SetAccountCode(platform::ToText(context.Options.Field(field)));
     } else {
         PaymentAccountPrompt(context, line, sale);
     }
@@ -91,25 +94,39 @@ void SetCustomerAccount(const TransferContext& context, JournalEntryLines& line,
     line.SetShortName(customerCode);
 }
 
-void AddReceiptPayment(const TransferContext& context, JournalEntries& entry,
-                       const QueryResult& row, std::int32_t saleId) {
-    SetDates(entry, platform::ToDate(app::YmdToDateText(
-                        platform::ToInt32(row.QueryField("SalesLines.SalesDate")))));
-    const std::int32_t paymentType = platform::ToInt32(row.QueryField("TransType"));
+// A payment line with its sale, as the query joins them.
+class PaymentRow {
+  public:
+    explicit PaymentRow(const QueryResult& rows) : rows_(rows) {}
+
+    [[nodiscard]] Value SalesDate() const { return rows_.QueryField("SalesLines.SalesDate"); }
+    [[nodiscard]] Value TransType() const { return rows_.QueryField("TransType"); }
+    [[nodiscard]] Value CustomerID() const { return rows_.QueryField("CustomerID"); }
+    [[nodiscard]] Value Amount() const { return rows_.QueryField("SalesLines.Amount"); }
+
+  private:
+    const QueryResult& rows_;
+};
+
+void AddReceiptPayment(const TransferContext& context, JournalEntries& entry, const PaymentRow& row,
+                       std::int32_t saleId) {
+    SetDates(entry, platform::ToDate(app::YmdToDateText(platform::ToInt32(row.SalesDate()))));
+    const std::int32_t paymentType = platform::ToInt32(row.TransType());
     SetMemo(entry, paymentType, saleId);
     JournalEntryLines& line = entry.Lines();
     if (paymentType == trans_type::kInvoicePayment) {
-        const std::string customerID = platform::ToText(row.QueryField("CustomerID"));
+        const std::string customerID = platform::ToText(row.CustomerID());
         (void)context.objects.CustomerPartner->GetByKey(customerID);
         SetCustomerAccount(context, line, customerID);
     } else {
         SetPaymentAccount(context, line, paymentType, saleId);
     }
     AskForMissingAccount(context, line, saleId);
-    SetCustomerSide(line, platform::ToDouble(row.QueryField("SalesLines.Amount")));
+    SetCustomerSide(line, platform::ToDouble(row.Amount()));
     line.Add();
 }
 
+// kept: boxes-without-a-title. The company's reason follows in one with a title.
 void TellFailure(const TransferContext& context, std::int32_t sale) {
     context.theOperator.Show({std::nullopt,
                               "Klarte ikke opprette betaling for bong " + std::to_string(sale) +
@@ -119,14 +136,15 @@ void TellFailure(const TransferContext& context, std::int32_t sale) {
 
 }  // namespace
 
-void CreateReceiptPayments(const TransferContext& context, const std::int32_t& saleId) {
-    context.objects.CustomerPartner = platform::sapdi::GetObject<platform::sapdi::BusinessPartners>(
-        *context.objects.SAPCompany, ObjectType::BusinessPartners);
+void CreateReceiptPayments(const TransferContext& context,
+                           platform::database::Database& storeDatabase,
+                           const std::int32_t& saleId) {
+    CreateCustomerPartner(context);
     JournalEntries& entry = NewPaymentEntry(context);
     const auto rows =
-        context.databases.StoreDatabase->OpenQuery(kPaymentQuery + std::to_string(saleId));
-    // The rows are taken as a query result of the SAP interface, which a recordset of the store
-    // database is not: with the real database every call ends here.
+        storeDatabase.OpenQuery(kPaymentQuery, {trans_type::kCash, kLastQueriedType, saleId});
+    // kept: payment-only-receipt. The rows are taken as a query result of the SAP interface, which
+    // a recordset of the store database is not: with the real one every call ends here.
     auto* const result = dynamic_cast<QueryResult*>(rows.get());
     if (result == nullptr) {
         throw platform::RuntimeError(platform::error_number::kTypeMismatch,
@@ -136,12 +154,12 @@ void CreateReceiptPayments(const TransferContext& context, const std::int32_t& s
     }
     if (result->QueryRecordCount() <= 0) return;
     for (; !result->QueryEof(); result->QueryMoveNext()) {
-        AddReceiptPayment(context, entry, *result, saleId);
+        AddReceiptPayment(context, entry, PaymentRow(*result), saleId);
     }
     if (entry.Add() != 0) {
         TellFailure(context, saleId);
         entry.SaveXML(std::to_string(entry.Number()) + ".xml");
-        context.runState.DataSetHasErrors = true;
+        context.DataSetHasErrors = true;
     }
     ReportLastError(context, "Feil:");
 }
@@ -164,7 +182,7 @@ void CreateDocumentPayment(const TransferContext& context, std::int16_t paymentT
 
     if (entry.Add() != 0) {
         TellFailure(context, saleNumber);
-        context.runState.DataSetHasErrors = true;
+        context.DataSetHasErrors = true;
     }
     ReportLastError(context, "Feil:");
 }

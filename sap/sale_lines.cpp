@@ -1,29 +1,48 @@
 #include "sap/sale_lines.h"
 
 #include "platform/database/field_names.h"
-#include "platform/database/literal.h"
+#include "platform/database/query_number.h"
 #include "platform/norwegian.h"
 
 namespace sap {
 
-SaleLines::SaleLines(const platform::PersistConnection& persistConnection,
+using platform::Value;
+using platform::database::ClientRecordset;
+using platform::database::FilterTerm;
+
+namespace {
+
+// kept: no-product-no-line. Of the second: null is neither equal nor unequal to a text.
+constexpr const char* kFilters[] = {
+    "TransType >= 1 and TransType <= 2",
+    "TransType >= 1 and TransType <= 2 and ProductID <> 'Avrunding'",
+    "TransType >= 10",
+    "TransType = 15",
+};
+
+}  // namespace
+
+SaleLines::SaleLines(const platform::recordset_file::PersistConnection& persistConnection,
                      const std::string& fileName)
     : rowSet_(persistConnection.LoadRows(fileName)) {
-    const std::size_t salesId = platform::PlaceOfField(rowSet_->fields, "SalesID", rowSet_->source);
+    for (const char* filter : kFilters)
+        filters_.push_back(platform::database::ParseFilter(filter));
+    const std::size_t salesId =
+        platform::database::PlaceOfField(rowSet_->fields, "SalesID", rowSet_->source);
     for (std::size_t place = 0; place < rowSet_->rows.size(); ++place) {
-        const platform::Value& id = rowSet_->rows[place][salesId];
+        const Value& id = rowSet_->rows[place][salesId];
         if (platform::IsNumeric(id)) placesBySale_[platform::ToDouble(id)].push_back(place);
     }
 }
 
-std::unique_ptr<platform::Recordset> SaleLines::Open(const std::string& filter,
-                                                     const platform::Value& saleId) const {
-    const std::string id = platform::NumberLiteral(saleId, "Sales.ID");
-    const auto places = placesBySale_.find(platform::ToDouble(saleId));
-    auto lines = std::make_unique<platform::ClientRecordset>(
-        rowSet_, places == placesBySale_.end() ? std::vector<std::size_t>{} : places->second);
-    lines->SetFilter(filter + " and SalesID = " + id);
-    return lines;
+std::unique_ptr<ClientRecordset> SaleLines::Open(LineKind kind, const Value& saleId) const {
+    const double id = platform::ToDouble(platform::database::QueryNumber(saleId, "Sales.ID"));
+    const auto found = placesBySale_.find(id);
+    std::vector<std::size_t> places;
+    if (found != placesBySale_.end()) places = found->second;
+    const std::vector<FilterTerm>& filter = filters_[static_cast<std::size_t>(kind)];
+    return std::make_unique<ClientRecordset>(
+        rowSet_, platform::database::PlacesThatPass(filter, *rowSet_, places));
 }
 
 }  // namespace sap

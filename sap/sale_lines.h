@@ -7,25 +7,27 @@
 #include <vector>
 
 #include "platform/database/client_recordset.h"
+#include "platform/database/filter.h"
 #include "platform/recordset_file/persist_connection.h"
 
 namespace sap {
 
-inline constexpr const char* kItemLines = "TransType >= 1 and TransType <= 2";
+enum class LineKind { Items, ItemsButRounding, Payments, InvoicePayments };
 
 class SaleLines {
   public:
     // Reads the lines file. Errors as the reader's; 3265 where there is no column SalesID.
-    SaleLines(const platform::PersistConnection& persistConnection, const std::string& fileName);
+    SaleLines(const platform::recordset_file::PersistConnection& persistConnection,
+              const std::string& fileName);
 
-    // The lines that `filter` + " and SalesID = " + the sale's ID takes, as if the file had been
-    // opened with that filter. A sale ID that is no number is error 3075.
-    [[nodiscard]] std::unique_ptr<platform::Recordset> Open(const std::string& filter,
-                                                            const platform::Value& saleId) const;
+    // The lines of that kind with that SalesID. A sale ID that is no number is error 3075.
+    [[nodiscard]] std::unique_ptr<platform::database::ClientRecordset> Open(
+        LineKind kind, const platform::Value& saleId) const;
 
   private:
-    std::shared_ptr<platform::RowSet> rowSet_;
+    std::shared_ptr<platform::database::RowSet> rowSet_;
     std::unordered_map<double, std::vector<std::size_t>> placesBySale_;
+    std::vector<std::vector<platform::database::FilterTerm>> filters_;  // by LineKind
 };
 
 }  // namespace sap

@@ -5,13 +5,13 @@
 
 #include "sap/sale_lines.h"
 #include "sap/transfer_context.h"
+#include "store/sale.h"
 
 namespace sap {
 
-// Turns the sale on which SalesRecordset stands into a document and adds it. `receiptTotal` is the
-// sum of the sale's item lines; its sign and the sale's type choose the kind of document. A failure
-// is told to the operator and flags the data set.
+// `receiptTotal` is the sum of the sale's item lines, of which there are `itemLines`; its sign and
+// the sale's type choose the kind of document. A failure is told and flags the data set.
 void CreateSalesDocument(const TransferContext& context, const SaleLines& saleLines,
-                         std::int16_t saleNumber, std::int16_t saleType, double receiptTotal);
+                         const store::Sale& sale, double receiptTotal, long itemLines);
 
 }  // namespace sap

@@ -1,13 +1,15 @@
 #include "sap/transfer_driver.h"
 
 #include "app/field_values.h"
-#include "platform/files.h"
+#include "platform/comparison.h"
 #include "platform/norwegian.h"
 #include "sap/logon.h"
 #include "sap/partners_and_items.h"
 #include "sap/payments.h"
 #include "sap/sales_document.h"
-#include "store/data_set.h"
+#include "store/master_data.h"
+#include "store/sale.h"
+#include "store/sale_line.h"
 #include "store/transaction_types.h"
 
 namespace sap {
@@ -15,160 +17,144 @@ namespace sap {
 namespace {
 
 using app::NzNumber;
-using app::NzText;
-using platform::Recordset;
+using platform::database::ClientRecordset;
+using platform::database::Record;
 using platform::sapdi::TransactionEnd;
+namespace master_status = store::master_status;
 
-constexpr const char* kInvoicePayments = "TransType = 15";
+constexpr const char* kCustomers = "SELECT * FROM Customers WHERE Status = ?";
+constexpr const char* kProducts = "SELECT * FROM Products WHERE Status = ?";
 
-Customer CustomerOf(const Recordset& row) {
-    const auto text = [&](const char* column) { return NzText(row.Get(column)); };
-    return {text("ID"),       text("Name"),     text("Address1"),   text("Address2"),
-            text("Address3"), text("Address4"), text("PostalCode"), text("PostalAddress"),
-            text("Phone"),    text("Fax"),      text("CustPrGr"),   text("CustPrG2"),
-            text("EMail"),    text("Discount")};
-}
-
-Product ProductOf(const Recordset& row) {
-    const auto number = [&](const char* column) {
-        return platform::ToDouble(NzNumber(row.Get(column)));
-    };
-    return {NzText(row.Get("ID")), NzText(row.Get("Description")), NzText(row.Get("BarCode")),
-            number("Price"), number("CostPrice")};
-}
-
-// Hands each row of a query to `send`, and resets the Status of those that SAP has taken.
+// Resets the Status of the rows that `send` has brought into SAP.
 template <class Send>
-void SendRows(platform::Database& storeDatabase, const char* query, Send&& send) {
-    const auto rows = storeDatabase.OpenQuery(query);
+void SendRows(platform::database::Database& storeDatabase, const char* query, int status,
+              Send&& send) {
+    const auto rows = storeDatabase.OpenQuery(query, {status});
     for (; !rows->IsEof(); rows->MoveNext()) {
-        if (!send(*rows)) continue;
-        rows->Edit();
-        rows->Set("Status", store::master_status::kNothingToDo);
-        rows->Update();
+        if (send(*rows)) store::ResetStatus(*rows);
     }
-    rows->Close();
 }
 
-double TotalOf(Recordset& lines) {
+double TotalOf(ClientRecordset& lines) {
     double total = 0;
     for (; !lines.IsEof(); lines.MoveNext())
-        total += platform::ToDouble(lines.Get("Amount"));
+        total += platform::ToDouble(store::SaleLine(lines).Amount());
     return total;
 }
 
 }  // namespace
 
-TransferDriver::TransferDriver(const TransferContext& context, ui::frmMain& window,
-                               const platform::Clock& clock, platform::sapdi::Connector& connector)
-    : context_(context), window_(window), clock_(clock), connector_(connector) {}
+TransferDriver::TransferDriver(const app::AppSettings& appSettings,
+                               const store::Databases& databases, ui::RunState& runState,
+                               SapObjects& objects, ui::StatusLog& statusLog,
+                               platform::Operator& theOperator, const platform::Clock& clock,
+                               platform::sapdi::Connector& connector)
+    : databases_(databases),
+      runState_(runState),
+      context_{appSettings, store::Options(databases.OptionsTable), objects,
+               runState.DataSetHasErrors, theOperator},
+      statusLog_(statusLog),
+      clock_(clock),
+      connector_(connector) {}
 
-bool TransferDriver::TransferDataSetToSAP(const std::string& dataSetName) {
-    if (!ui::DataSetFilesExist(dataSetName, window_)) return false;
-    ui::OpenPersistConnection(context_.runState);
+bool TransferDriver::TransferDataSetToSAP(const store::DataSet& dataSet) {
+    if (!ui::DataSetFilesExist(dataSet, statusLog_)) return false;
+    ui::OpenPersistConnection(runState_);
     if (!ValidateSales()) {
         context_.Warn(
             "Feil ved enkelte salg som ikke lar seg oppdatere i SAP.\n"
             "Rett feilene og forsøk dagsoppgjør igjen.");
         return false;
     }
-    if (!OpenSales(dataSetName)) return false;
+    if (!OpenSales(dataSet)) return false;
+    // kept: logon-each-day. What the settings leave blank is asked for again.
+    // kept: quiet-ends. A failed logon is told, and the error flag stays clear.
     if (DocumentsAreWanted() && !LogonToSAP(context_, connector_)) return false;
     TransferMasterData();
     if (DocumentsAreWanted()) context_.objects.SAPCompany->StartTransaction();
-    TransferSales(dataSetName);
-    Complete(dataSetName);
+    TransferSales(dataSet);
+    Complete(dataSet);
     return false;
 }
 
-// The place for checks before anything is sent; there are none yet.
+// The place for checks before anything is sent.
+// kept: validate-sales. There are none, so the warning behind it never comes.
 bool TransferDriver::ValidateSales() const {
     return true;
 }
 
-bool TransferDriver::OpenSales(const std::string& dataSetName) {
-    ui::RunState& runState = context_.runState;
-    runState.SalesRecordset =
-        runState.PersistConnection->OpenRecordset(store::SalesFileName(dataSetName));
-    if (runState.SalesRecordset->AbsolutePosition() >= 0) return true;
+bool TransferDriver::OpenSales(const store::DataSet& dataSet) {
+    runState_.SalesRecordset = runState_.PersistConnection->OpenRecordset(dataSet.SalesFile());
+    if (!runState_.SalesRecordset->IsEof()) return true;
     context_.theOperator.Show({context_.AppSettings.AppTitle, "Det er ingenting å overføre.",
                                platform::Icon::Information});
-    runState.SalesRecordset->Close();
-    runState.SalesRecordset.Release();
+    runState_.SalesRecordset.Release();
     return false;
 }
 
-// Outside the transaction: what has reached SAP stays there when the documents are rolled back.
+// kept: master-data-stays. Outside the transaction: a roll-back leaves in SAP what is there.
 void TransferDriver::TransferMasterData() {
-    platform::Database& store = *context_.databases.StoreDatabase;
-    SendRows(store, "SELECT * FROM Customers WHERE Status = 1", [this](const Recordset& row) {
-        return CreateCustomerInSAP(context_, CustomerOf(row));
+    platform::database::Database& store = *databases_.StoreDatabase;
+    SendRows(store, kCustomers, master_status::kNew, [this](const Record& row) {
+        return CreateCustomerInSAP(context_, CustomerOf(store::Customer(row)));
     });
-    SendRows(store, "SELECT * FROM Customers WHERE Status = 2", [this](const Recordset& row) {
-        return UpdateCustomerInSAP(context_, CustomerOf(row));
+    SendRows(store, kCustomers, master_status::kChanged, [this](const Record& row) {
+        return UpdateCustomerInSAP(context_, CustomerOf(store::Customer(row)));
     });
-    SendRows(store, "SELECT * FROM Products WHERE Status = 1",
-             [this](const Recordset& row) { return CreateProductInSAP(context_, ProductOf(row)); });
-    SendRows(store, "SELECT * FROM Products WHERE Status = 2",
-             [this](const Recordset& row) { return UpdateProductInSAP(context_, ProductOf(row)); });
+    SendRows(store, kProducts, master_status::kNew, [this](const Record& row) {
+        context_.Options.Refresh();  // the price lists may be put right while a box stands
+        return CreateProductInSAP(context_, ProductOf(store::Product(row)));
+    });
+    SendRows(store, kProducts, master_status::kChanged, [this](const Record& row) {
+        context_.Options.Refresh();
+        return UpdateProductInSAP(context_, ProductOf(store::Product(row)));
+    });
 }
 
-void TransferDriver::TransferSales(const std::string& dataSetName) {
-    const SaleLines saleLines(*context_.runState.PersistConnection,
-                              store::SalesLinesFileName(dataSetName));
-    context_.optionsOfDay.emplace();
-    Recordset& sales = *context_.runState.SalesRecordset;
+void TransferDriver::TransferSales(const store::DataSet& dataSet) {
+    const SaleLines saleLines(*runState_.PersistConnection, dataSet.SalesLinesFile());
+    context_.Options.Refresh();
+    ClientRecordset& sales = *runState_.SalesRecordset;
     for (; !sales.IsEof(); sales.MoveNext()) {
-        platform::AtPlace("Sale " + platform::ToText(sales.Get("ID")),
-                          [&] { TransferSale(saleLines); });
+        const store::Sale sale(sales);
+        platform::AtPlace("Sale " + platform::ToText(sale.ID()),
+                          [&] { TransferSale(sale, saleLines); });
     }
     sales.MoveFirst();
-    context_.optionsOfDay.reset();
 }
 
-void TransferDriver::TransferSale(const SaleLines& saleLines) {
-    const Recordset& sale = *context_.runState.SalesRecordset;
-    auto& lines = context_.runState.SalesLinesRecordset;
-    const auto count = [&](const char* filter) {
-        lines = saleLines.Open(filter, sale.Get("ID"));
-        const long records = lines->RecordCount();
-        lines->Close();
-        return records;
-    };
-
-    lines = saleLines.Open(kItemLines, sale.Get("ID"));
-    const double receiptTotal = TotalOf(*lines);
+void TransferDriver::TransferSale(const store::Sale& sale, const SaleLines& saleLines) {
+    const auto itemLines = saleLines.Open(LineKind::Items, sale.ID());
+    const double receiptTotal = TotalOf(*itemLines);
+    const long itemLineCount = itemLines->RecordCount();
     if (DocumentsAreWanted()) {
-        const std::int16_t saleNumber = platform::ToInt16(sale.Get("ID"));
-        const std::int16_t saleType = platform::ToInt16(sale.Get("SalesType"));
-        CreateSalesDocument(context_, saleLines, saleNumber, saleType, receiptTotal);
+        CreateSalesDocument(context_, saleLines, sale, receiptTotal, itemLineCount);
     }
-    lines->Close();
-
-    const long paymentLines = count(kInvoicePayments);
-    const long saleLineCount = count(kItemLines);
-    if (paymentLines > 0 && saleLineCount == 0) {
-        CreateReceiptPayments(context_, platform::ToInt32(sale.Get("ID")));
+    const long paymentLineCount =
+        saleLines.Open(LineKind::InvoicePayments, sale.ID())->RecordCount();
+    if (paymentLineCount > 0 && itemLineCount == 0) {
+        CreateReceiptPayments(context_, *databases_.StoreDatabase, platform::ToInt32(sale.ID()));
     }
 }
 
-void TransferDriver::Complete(const std::string& dataSetName) {
-    if (context_.runState.DataSetHasErrors) {
+void TransferDriver::Complete(const store::DataSet& dataSet) {
+    if (context_.DataSetHasErrors) {
         if (DocumentsAreWanted()) CloseSAPCompany(context_, TransactionEnd::RollBack);
         return;
     }
-    const bool isConfirmed = ui::OperatorWantsRenaming(context_.runState, context_.theOperator,
-                                                       context_.AppSettings.AppTitle);
+    const bool isConfirmed =
+        ui::OperatorWantsRenaming(runState_, context_.theOperator, context_.AppSettings.AppTitle);
     // A day that is committed but can not be renamed would be offered, and posted, again.
-    if (isConfirmed) platform::RequireWritableFolderOf(store::SalesFileName(dataSetName));
+    if (isConfirmed) dataSet.RequireRoomForFinishedNames();
     if (DocumentsAreWanted()) {
         const TransactionEnd end = isConfirmed ? TransactionEnd::Commit : TransactionEnd::RollBack;
         context_.objects.SAPCompany->EndTransaction(end);
         CloseSAPCompany(context_, end);
     }
-    if (isConfirmed) store::MarkAsTransferred(dataSetName, clock_);
+    if (isConfirmed) dataSet.MarkAsTransferred(clock_);
 }
 
+// kept: no-day-end. Master data and payment-only receipts go all the same, and find no company.
 bool TransferDriver::DocumentsAreWanted() const {
     return !platform::Equals(NzNumber(context_.AppSettings.NoDayEnd), 1);
 }

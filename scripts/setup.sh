@@ -10,13 +10,17 @@ build_packages=(
     qt6-base-dev libqt6svg6
 )
 
+# The second compiler, with its sanitizers and its fuzzer.
+clang_packages=(clang libclang-rt-dev)
+
 # To test them, and to check how the sources are written.
 test_packages=(
+    "${clang_packages[@]}"
     libgtest-dev libbenchmark-dev python3 sqlite3 clang-format clang-tidy xvfb xdotool
 )
 
-# To fuzz them.
-fuzz_packages=(clang libclang-rt-dev)
+# To measure what the tests reach.
+coverage_packages=(gcovr)
 
 # What bench/compare sets the programs against, and measures with.
 bench_packages=(python3 sqlite3 libxml2-utils time)
@@ -50,10 +54,11 @@ install_packages() {
         apt-get -qq install -y --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# build_preset NAME: configures once and builds; the build notices changed CMake lists itself.
+# build_preset NAME: configures once, anew where the presets have changed, and builds; the build
+# notices changed CMake lists itself.
 build_preset() {
-    if [ ! -e "build/$1/build.ninja" ]; then
-        cmake --preset "$1" >&2 || return
+    if [ ! -e "build/$1/build.ninja" ] || [ CMakePresets.json -nt "build/$1/CMakeCache.txt" ]; then
+        cmake --fresh --preset "$1" >&2 || return
     fi
     cmake --build --preset "$1" -- --quiet >&2
 }

@@ -7,40 +7,57 @@ namespace store {
 
 namespace {
 
+constexpr const char* kUnnamed = "<Uten navn>";
 constexpr const char* kSalesSuffix = "DayEndSales.XML";
 constexpr const char* kSalesLinesSuffix = "DayEndSalesLines.XML";
 
 }  // namespace
 
-std::string SalesFileName(std::string_view dataSetName) {
-    return std::string(dataSetName) + kSalesSuffix;
+DataSet DataSet::OfDisplayName(std::string_view displayName) {
+    return DataSet(displayName == kUnnamed ? std::string() : std::string(displayName));
 }
 
-std::string SalesLinesFileName(std::string_view dataSetName) {
-    return std::string(dataSetName) + kSalesLinesSuffix;
+std::string DataSet::DisplayName() const {
+    return name_.empty() ? kUnnamed : name_;
 }
 
-std::string DataSetNameOf(std::string_view displayName) {
-    return displayName == kUnnamedDataSet ? std::string() : std::string(displayName);
+std::string DataSet::SalesFile() const {
+    return name_ + kSalesSuffix;
 }
 
-std::string DisplayNameOf(std::string_view dataSetName) {
-    return std::string(dataSetName.empty() ? kUnnamedDataSet : dataSetName);
+std::string DataSet::SalesLinesFile() const {
+    return name_ + kSalesLinesSuffix;
 }
 
+bool DataSet::HasSalesFile() const {
+    return platform::FileExists(SalesFile());
+}
+
+bool DataSet::HasSalesLinesFile() const {
+    return platform::FileExists(SalesLinesFile());
+}
+
+void DataSet::RequireRoomForFinishedNames() const {
+    platform::RequireWritableFolderOf(SalesFile());
+}
+
+// kept: two-looks-at-the-clock. The stamps of a day's two files may differ by a second.
+void DataSet::MarkAsTransferred(const platform::Clock& clock) const {
+    RenameToFinished(SalesFile(), clock);
+    RenameToFinished(SalesLinesFile(), clock);
+}
+
+// kept: stamp-without-minutes. Year, month, day, hour and seconds: the shop's other tools parse it.
 std::string FinishedName(std::string_view fileName, const platform::DateTime& moment) {
     using platform::Digits;
     return std::string(fileName) + "." + Digits(moment.year, 4) + Digits(moment.month, 2) +
            Digits(moment.day, 2) + Digits(moment.hour, 2) + Digits(moment.second, 2) + ".ferdig";
 }
 
-void MarkAsTransferred(std::string_view dataSetName, const platform::Clock& clock) {
-    RenameToFinished(SalesFileName(dataSetName), clock);
-    RenameToFinished(SalesLinesFileName(dataSetName), clock);
-}
-
 void RenameToFinished(const std::string& fileName, const platform::Clock& clock) {
-    platform::MoveFile(fileName, FinishedName(fileName, clock.Now()));
+    const std::string finished = FinishedName(fileName, clock.Now());
+    platform::KeepAside(finished);
+    platform::MoveFile(fileName, finished);
 }
 
 }  // namespace store

@@ -2,6 +2,7 @@
 // names that the files get when the set is done.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -9,25 +10,39 @@
 
 namespace store {
 
-// The display name of the data set with the empty prefix.
-inline constexpr const char* kUnnamedDataSet = "<Uten navn>";
+class DataSet {
+  public:
+    // By its name: the prefix of its files, empty for the unnamed data set.
+    explicit DataSet(std::string name) : name_(std::move(name)) {}
 
-[[nodiscard]] std::string SalesFileName(std::string_view dataSetName);
-[[nodiscard]] std::string SalesLinesFileName(std::string_view dataSetName);
+    // By an entry of the operator's list. What reads like the entry of the unnamed data set is that
+    // one, also where files really bear such a prefix.
+    [[nodiscard]] static DataSet OfDisplayName(std::string_view displayName);
 
-// The prefix behind an entry of the operator's list, and the entry of a prefix.
-[[nodiscard]] std::string DataSetNameOf(std::string_view displayName);
-[[nodiscard]] std::string DisplayNameOf(std::string_view dataSetName);
+    [[nodiscard]] const std::string& Name() const { return name_; }
+    [[nodiscard]] std::string DisplayName() const;
 
-// `fileName` + ".", the stamp and ".ferdig". The stamp is year, month, day, hour and seconds;
-// that it has no minutes is kept on purpose.
+    [[nodiscard]] std::string SalesFile() const;
+    [[nodiscard]] std::string SalesLinesFile() const;
+
+    [[nodiscard]] bool HasSalesFile() const;
+    [[nodiscard]] bool HasSalesLinesFile() const;
+
+    // Error 75 (76) unless the files can get other names.
+    void RequireRoomForFinishedNames() const;
+
+    // Gives both files their finished names, the sales file first.
+    void MarkAsTransferred(const platform::Clock& clock) const;
+
+    friend bool operator==(const DataSet&, const DataSet&) = default;
+
+  private:
+    std::string name_;
+};
+
 [[nodiscard]] std::string FinishedName(std::string_view fileName, const platform::DateTime& moment);
 
-// Gives both files of the data set their finished names, the sales file first, each with its own
-// reading of the clock. A finished file of the same name is replaced.
-void MarkAsTransferred(std::string_view dataSetName, const platform::Clock& clock);
-
-// Gives one data-set file its finished name.
+// A file of the finished name is kept under that name and ".1", or the first number that is free.
 void RenameToFinished(const std::string& fileName, const platform::Clock& clock);
 
 }  // namespace store

@@ -9,7 +9,7 @@ namespace store {
 namespace {
 
 using platform::RuntimeError;
-using platform::TableRecordset;
+using platform::database::TableRecordset;
 
 constexpr const char* kStoreFile = "\\Kassovia.mdb";
 constexpr const char* kWorkFile = "\\KVDayEndServer.mdb";
@@ -52,7 +52,6 @@ constexpr TableToOpen kTables[] = {
     {"Tax", &Databases::TaxTable, false},
 };
 
-// Runs one step of opening under the error trap.
 template <class Step>
 AfterOpening Try(Step&& step, platform::Operator& theOperator, const std::string& appTitle) {
     try {
@@ -69,9 +68,10 @@ AfterOpening Try(Step&& step, platform::Operator& theOperator, const std::string
 
 }  // namespace
 
-void OpenConnections(platform::DatabaseEngine& engine, const std::string& datapath,
+void OpenConnections(platform::database::DatabaseEngine& engine, const std::string& datapath,
                      Databases& databases) {
-    databases.PosWorkspace = std::make_unique<platform::Workspace>(engine, "Kassovia", "admin", "");
+    databases.PosWorkspace =
+        std::make_unique<platform::database::Workspace>(engine, "Kassovia", "admin", "");
     databases.StoreDatabase = databases.PosWorkspace->OpenDatabase(datapath + kStoreFile);
     databases.StoreConnection = engine.OpenConnection(kProvider + datapath + kStoreFile);
     databases.WorkConnection = engine.OpenConnection(kProvider + datapath + kWorkFile);
@@ -86,7 +86,7 @@ AfterOpening OpenTables(Databases& databases, platform::Operator& theOperator,
             return AfterOpening::EndProgram;
         }
         if (!table.withPrimaryKey) continue;
-        // Also after a table that did not open: its index is then the second thing that fails.
+        // kept: index-of-no-table. Error 91 after a table that did not open: a second question.
         const auto setIndex = [&] { handle->SetIndex(kPrimaryKey); };
         if (Try(setIndex, theOperator, appTitle) == AfterOpening::EndProgram) {
             return AfterOpening::EndProgram;

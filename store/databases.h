@@ -10,30 +10,30 @@
 
 namespace store {
 
-// Six of these are read by no routine: the connection beside StoreDatabase and the five tables
-// whose opening is how start-up finds a damaged index.
+// kept: handles-nobody-reads. StoreConnection and every table but Options and Tax: opening them is
+// how start-up finds a damaged index.
 struct Databases {
     template <class T>
     using Variable = platform::ObjectVariable<T>;
 
-    Variable<platform::Workspace> PosWorkspace{"PosWorkspace"};
-    Variable<platform::Database> StoreDatabase{"StoreDatabase"};
-    Variable<platform::Database> StoreConnection{"StoreConnection"};
-    Variable<platform::Database> WorkConnection{"WorkConnection"};
+    Variable<platform::database::Workspace> PosWorkspace{"PosWorkspace"};
+    Variable<platform::database::Database> StoreDatabase{"StoreDatabase"};
+    Variable<platform::database::Database> StoreConnection{"StoreConnection"};
+    Variable<platform::database::Database> WorkConnection{"WorkConnection"};
 
-    Variable<platform::TableRecordset> ProductsTable{"ProductsTable"};
-    Variable<platform::TableRecordset> CustomersTable{"CustomersTable"};
-    Variable<platform::TableRecordset> PriceMatrixTable{"PriceMatrixTable"};
-    Variable<platform::TableRecordset> SelBuyTable{"SelBuyTable"};
-    Variable<platform::TableRecordset> SalesTable{"SalesTable"};
-    Variable<platform::TableRecordset> SalesLinesTable{"SalesLinesTable"};
-    Variable<platform::TableRecordset> OptionsTable{"OptionsTable"};  // stays on its first record
-    Variable<platform::TableRecordset> TaxTable{"TaxTable"};
+    Variable<platform::database::TableRecordset> ProductsTable{"ProductsTable"};
+    Variable<platform::database::TableRecordset> CustomersTable{"CustomersTable"};
+    Variable<platform::database::TableRecordset> PriceMatrixTable{"PriceMatrixTable"};
+    Variable<platform::database::TableRecordset> SelBuyTable{"SelBuyTable"};
+    Variable<platform::database::TableRecordset> SalesTable{"SalesTable"};
+    Variable<platform::database::TableRecordset> SalesLinesTable{"SalesLinesTable"};
+    Variable<platform::database::TableRecordset> OptionsTable{"OptionsTable"};  // its first record
+    Variable<platform::database::TableRecordset> TaxTable{"TaxTable"};
 };
 
 // Opens the store database (`datapath` + "\Kassovia.mdb") and the work database (`datapath` +
 // "\KVDayEndServer.mdb"). A database that is missing or can not be opened is an error.
-void OpenConnections(platform::DatabaseEngine& engine, const std::string& datapath,
+void OpenConnections(platform::database::DatabaseEngine& engine, const std::string& datapath,
                      Databases& databases);
 
 enum class AfterOpening { GoOn, EndProgram };

@@ -5,16 +5,15 @@
 
 #include "platform/error.h"
 #include "platform/recordset_file/read_ahead.h"
-#include "store/data_set.h"
 
 namespace store {
 
 namespace {
 
-using platform::ReadAhead;
 using platform::RuntimeError;
-using platform::TableAppender;
 using platform::Value;
+using platform::database::TableAppender;
+using platform::recordset_file::ReadAhead;
 
 struct ImportedTable {
     const char* name;
@@ -24,6 +23,7 @@ struct ImportedTable {
 constexpr ImportedTable kSales = {"Sales", "DELETE * FROM Sales"};
 constexpr ImportedTable kSalesLines = {"SalesLines", "DELETE * FROM SalesLines"};
 
+// kept: import-by-position. What the columns are called in the file does not count.
 void AppendRow(const std::vector<Value>& row, TableAppender& table) {
     for (int i = 0; i < table.FieldCount(); ++i) {
         if (static_cast<std::size_t>(i) >= row.size()) {
@@ -38,8 +38,7 @@ void AppendRow(const std::vector<Value>& row, TableAppender& table) {
 
 // Copies the rows up to the first one that the table refuses, whose error is the answer. The file
 // is read to its end in any case: a malformed file outweighs a refused row.
-std::optional<RuntimeError> CopyRows(ReadAhead& file, const std::string& fileName,
-                                     TableAppender& table) {
+std::optional<RuntimeError> CopyRows(ReadAhead& file, TableAppender& table) {
     std::optional<RuntimeError> refusal;
     std::vector<Value> row;
     while (file.Next(row)) {
@@ -47,29 +46,29 @@ std::optional<RuntimeError> CopyRows(ReadAhead& file, const std::string& fileNam
         try {
             AppendRow(row, table);
         } catch (const RuntimeError& error) {
-            refusal = error.At(fileName + ", record " + std::to_string(file.RecordNumber()));
+            refusal = error.At(file.Place());
         }
     }
     return refusal;
 }
 
 void ImportFile(const std::string& fileName, const ImportedTable& table,
-                platform::Database& workConnection) {
+                platform::database::Database& workConnection) {
     ReadAhead file(fileName);
     // One transaction from the emptying on: a file that turns out malformed leaves the old rows.
     const auto transaction = workConnection.BeginTransaction();
     workConnection.Execute(table.deletion);
     const auto appender = workConnection.OpenAppender(table.name);
-    const std::optional<RuntimeError> refusal = CopyRows(file, fileName, *appender);
+    const std::optional<RuntimeError> refusal = CopyRows(file, *appender);
     transaction->Commit();
     if (refusal) throw RuntimeError(*refusal);
 }
 
 }  // namespace
 
-void ImportDataSet(const std::string& currentDataSetName, platform::Database& workConnection) {
-    ImportFile(SalesFileName(currentDataSetName), kSales, workConnection);
-    ImportFile(SalesLinesFileName(currentDataSetName), kSalesLines, workConnection);
+void ImportDataSet(const DataSet& dataSet, platform::database::Database& workConnection) {
+    ImportFile(dataSet.SalesFile(), kSales, workConnection);
+    ImportFile(dataSet.SalesLinesFile(), kSalesLines, workConnection);
 }
 
 }  // namespace store

@@ -33,8 +33,8 @@ constexpr LedgerRow kLedgers[] = {
 
 }  // namespace
 
-platform::Value Ledger::TextFrom(const platform::Recordset& options) const {
-    return textIsField ? options.Get(text) : platform::Value(text);
+platform::Value Ledger::TextFrom(const Options& options) const {
+    return textIsField ? options.Field(text) : platform::Value(text);
 }
 
 std::optional<Ledger> LedgerOf(int transType) {

@@ -3,10 +3,9 @@
 #pragma once
 
 #include <optional>
-#include <string>
 
-#include "platform/database/recordset.h"
 #include "platform/value.h"
+#include "store/options.h"
 
 namespace store {
 
@@ -47,14 +46,12 @@ inline constexpr int kNew = 1;
 inline constexpr int kChanged = 2;
 }  // namespace master_status
 
-// Where a line of a TransType is posted.
 struct Ledger {
     const char* accountField;  // field of the Options row; null: the sale's customer
     const char* text;          // posting text, or the field that holds it
     bool textIsField;
 
-    // The text of the posting, read from the Options row where it stands there.
-    [[nodiscard]] platform::Value TextFrom(const platform::Recordset& options) const;
+    [[nodiscard]] platform::Value TextFrom(const Options& options) const;
 };
 
 // The ledger of a TransType; none for a code that posts nothing (20 and 28 among them).

@@ -4,7 +4,6 @@
 
 #include "platform/files.h"
 #include "platform/text.h"
-#include "store/data_set.h"
 
 namespace ui {
 
@@ -21,20 +20,21 @@ frmMain::frmMain(const app::AppSettings& appSettings, platform::Operator& theOpe
     : appSettings_(appSettings), operator_(theOperator) {}
 
 void frmMain::Load() {
-    File.SetPattern(appSettings_.Pattern);
+    File.SetPattern(appSettings_.Pattern);  // kept: pattern-alone-decides. An empty one too.
     RefreshDataSetList();
 }
 
 void frmMain::RefreshDataSetList() {
     ListDayEnd.clear();
     if (File.Names().empty()) {
+        // kept: boxes-without-a-title. The notices of the run have one.
         operator_.Show(
             {std::nullopt, "Ingen filer er klare for overføring.", platform::Icon::Information});
         return;
     }
-    // The unnamed data set waits as soon as its lines are there; its sales file is not looked for.
+    // kept: unnamed-by-its-lines. Its sales file is not looked for, the transfer does that.
     if (platform::FileExists("DayEndSalesLines.xml")) {
-        ListDayEnd.push_back({store::kUnnamedDataSet});
+        ListDayEnd.push_back({store::DataSet("")});
     }
     std::string lastPrefix;
     for (const std::string& name : File.Names()) {
@@ -42,7 +42,7 @@ void frmMain::RefreshDataSetList() {
         if (position == 0) continue;
         std::string prefix = platform::Left(name, position - 1);
         if (prefix.empty() || prefix == lastPrefix) continue;
-        ListDayEnd.push_back({prefix});
+        ListDayEnd.push_back({store::DataSet::OfDisplayName(prefix)});
         lastPrefix = std::move(prefix);
     }
 }

@@ -7,11 +7,14 @@
 
 #include "app/app_settings.h"
 #include "platform/operator.h"
+#include "store/data_set.h"
+#include "ui/status_log.h"
 
 namespace ui {
 
+// An entry of the data-set list. The operator sees the data set's display name.
 struct ListEntry {
-    std::string text;
+    store::DataSet dataSet;
     bool isSelected = false;
 };
 
@@ -28,7 +31,7 @@ class FileList {
     std::vector<std::string> names_;
 };
 
-class frmMain {
+class frmMain : public StatusLog {
   public:
     static constexpr const char* kCaption = "Dagsoppgjør på server";
     static constexpr const char* kLabel2 = "Dagsoppgjør på server for Kassovia";
@@ -46,13 +49,11 @@ class frmMain {
     // The load handler: takes the pattern of the settings and fills the data-set list.
     void Load();
 
-    // Rebuilds the data-set list from the file list.
     void RefreshDataSetList();
 
-    // Appends a line to the status log and lets the operator see it at once.
-    void AppendStatusLine(std::string line);
+    void AppendStatusLine(std::string line) override;
 
-    std::vector<ListEntry> ListDayEnd;  // the waiting data sets by their display names
+    std::vector<ListEntry> ListDayEnd;  // the waiting data sets
     std::vector<std::string> List;      // the status log
     FileList File;
 

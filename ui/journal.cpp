@@ -7,8 +7,8 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 
+#include "platform/date_text.h"
 #include "platform/descriptor.h"
-#include "platform/text.h"
 
 namespace ui {
 
@@ -40,13 +40,6 @@ Json TitleOf(const std::optional<std::string>& title) {
     return title ? Json(*title) : Json(nullptr);
 }
 
-std::string IsoText(const platform::DateTime& moment) {
-    using platform::Digits;
-    return Digits(moment.year, 4) + "-" + Digits(moment.month, 2) + "-" + Digits(moment.day, 2) +
-           "T" + Digits(moment.hour, 2) + ":" + Digits(moment.minute, 2) + ":" +
-           Digits(moment.second, 2);
-}
-
 }  // namespace
 
 // The open file; every event goes to the system at once, as one write.
@@ -63,7 +56,7 @@ class Journal::File {
     File& operator=(const File&) = delete;
 
     void Append(const char* event, const Json& members) {
-        Json object = {{"time", IsoText(clock_.Now())}, {"event", event}};
+        Json object = {{"time", platform::IsoDateTime(clock_.Now(), 'T')}, {"event", event}};
         object.update(members);
         const std::string line = object.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
         for (std::size_t written = 0; written < line.size();) {

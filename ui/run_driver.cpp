@@ -6,7 +6,6 @@
 #include "platform/error.h"
 #include "platform/norwegian.h"
 #include "platform/text.h"
-#include "store/data_set.h"
 
 namespace ui {
 
@@ -25,7 +24,7 @@ void RunDriver::StartDayEnd() {
     if (!AnythingSelected()) return;
     for (ListEntry& entry : window_.ListDayEnd) {
         if (!entry.isSelected) continue;
-        ProcessDataSet(entry.text);
+        ProcessDataSet(entry.dataSet);
         entry.isSelected = false;
     }
     if (platform::Trim(appSettings_.DayEndCommand).empty()) {
@@ -36,7 +35,7 @@ void RunDriver::StartDayEnd() {
     try {
         RefreshWindow();
     } catch (const platform::RuntimeError&) {
-        // Where a command is configured, nothing after it may stop the server.
+        // kept: quiet-refresh. Where a command is configured, nothing after it stops the server.
     }
 }
 
@@ -45,14 +44,16 @@ bool RunDriver::AnythingSelected() const {
                        [](const ListEntry& entry) { return entry.isSelected; });
 }
 
-void RunDriver::ProcessDataSet(const std::string& displayName) {
-    runState_.CurrentDataSetName = store::DataSetNameOf(displayName);
+void RunDriver::ProcessDataSet(const store::DataSet& dataSet) {
+    const std::string displayName = dataSet.DisplayName();
+    runState_.CurrentDataSetName = dataSet.Name();
     window_.AppendStatusLine("Starter behandling av datasett " + displayName + ", " +
                              platform::ToText(clock_.Now()) + ".");
     runState_.DataSetHasErrors = false;
-    TransferCurrentDataSet();
+    Transfer(dataSet);
     if (runState_.DataSetHasErrors) {
         anyDataSetHadErrors_ = true;
+        // kept: errors-in-capitals. The whole line, the data set's name too.
         window_.AppendStatusLine(platform::Upper("Datasett " + displayName +
                                                  " er ferdig behandlet MED FEIL!, " +
                                                  platform::ToText(clock_.Now()) + "."));
@@ -62,12 +63,12 @@ void RunDriver::ProcessDataSet(const std::string& displayName) {
     }
 }
 
-void RunDriver::TransferCurrentDataSet() {
-    // The setting as it stands: "sap" or " SAP" means the file export.
+void RunDriver::Transfer(const store::DataSet& dataSet) {
+    // kept: exact-sap. The setting as it stands decides: "sap" and " SAP" mean the file export.
     if (appSettings_.AccountingSystem == "SAP") {
-        transfers_.TransferDataSetToSAP(runState_.CurrentDataSetName);
+        transfers_.TransferDataSetToSAP(dataSet);
     } else {
-        transfers_.ExportDataSet(runState_.CurrentDataSetName);
+        transfers_.ExportDataSet(dataSet);
     }
 }
 

@@ -28,8 +28,8 @@ class RunDriver {
 
   private:
     [[nodiscard]] bool AnythingSelected() const;
-    void ProcessDataSet(const std::string& displayName);
-    void TransferCurrentDataSet();
+    void ProcessDataSet(const store::DataSet& dataSet);
+    void Transfer(const store::DataSet& dataSet);
     void StartDayEndCommand();
     void RefreshWindow();
 

@@ -2,18 +2,16 @@
 
 #include <memory>
 
-#include "platform/files.h"
-#include "store/data_set.h"
-
 namespace ui {
 
-bool DataSetFilesExist(const std::string& dataSetName, frmMain& window) {
-    if (!platform::FileExists(store::SalesFileName(dataSetName))) {
-        window.AppendStatusLine("Finner ikke filen med salg. Avslutter behandling av datasett.");
+// kept: quiet-ends. A missing file is told, and the error flag stays clear.
+bool DataSetFilesExist(const store::DataSet& dataSet, StatusLog& statusLog) {
+    if (!dataSet.HasSalesFile()) {
+        statusLog.AppendStatusLine("Finner ikke filen med salg. Avslutter behandling av datasett.");
         return false;
     }
-    if (!platform::FileExists(store::SalesLinesFileName(dataSetName))) {
-        window.AppendStatusLine(
+    if (!dataSet.HasSalesLinesFile()) {
+        statusLog.AppendStatusLine(
             "Finner ikke filen med salgslinjer. Avslutter behandling av datasett.");
         return false;
     }
@@ -22,7 +20,7 @@ bool DataSetFilesExist(const std::string& dataSetName, frmMain& window) {
 
 void OpenPersistConnection(RunState& runState) {
     runState.PersistConnection =
-        std::make_unique<platform::PersistConnection>("Provider=MSPersist;");
+        std::make_unique<platform::recordset_file::PersistConnection>("Provider=MSPersist;");
     runState.DataSetHasErrors = false;
 }
 

@@ -5,28 +5,30 @@
 #include <functional>
 #include <string>
 
-#include "platform/database/recordset.h"
+#include "platform/database/client_recordset.h"
 #include "platform/object_variable.h"
 #include "platform/operator.h"
 #include "platform/recordset_file/persist_connection.h"
-#include "ui/frm_main.h"
+#include "store/data_set.h"
+#include "ui/status_log.h"
 
 namespace ui {
 
-// Lives as long as the program; the recordsets stay open after a transfer, until the next one
-// replaces them.
+// kept: state-stays. It lives as long as the program; the next transfer replaces what is open.
 struct RunState {
     std::string CurrentDataSetName;  // the prefix; empty for the unnamed data set
     bool DataSetHasErrors = false;
     platform::Answer LastAnswer = platform::Answer::No;
-    platform::ObjectVariable<platform::PersistConnection> PersistConnection{"PersistConnection"};
-    platform::ObjectVariable<platform::Recordset> SalesRecordset{"SalesRecordset"};
-    platform::ObjectVariable<platform::Recordset> SalesLinesRecordset{"SalesLinesRecordset"};
+    platform::ObjectVariable<platform::recordset_file::PersistConnection> PersistConnection{
+        "PersistConnection"};
+    platform::ObjectVariable<platform::database::ClientRecordset> SalesRecordset{"SalesRecordset"};
+    platform::ObjectVariable<platform::database::Recordset> SalesLinesRecordset{
+        "SalesLinesRecordset"};
 };
 
-// A transfer takes the data set's prefix. Its answer is always false and means nothing; the outcome
-// is in RunState::DataSetHasErrors. An error that leaves it ends the program.
-using TransferEntryPoint = std::function<bool(const std::string& dataSetName)>;
+// The outcome is in RunState::DataSetHasErrors. An error that leaves a transfer ends the program.
+// kept: answers-always-false. Nothing reads them.
+using TransferEntryPoint = std::function<bool(const store::DataSet& dataSet)>;
 
 struct Transfers {
     TransferEntryPoint ExportDataSet;
@@ -34,13 +36,12 @@ struct Transfers {
 };
 
 // Whether both files of the data set are there; a missing one is told in the status log.
-[[nodiscard]] bool DataSetFilesExist(const std::string& dataSetName, frmMain& window);
+[[nodiscard]] bool DataSetFilesExist(const store::DataSet& dataSet, StatusLog& statusLog);
 
 // Makes the connection through which the data-set files are opened anew, and clears the error flag.
 void OpenPersistConnection(RunState& runState);
 
-// The question whether the data set's files are to be renamed and marked as transferred; the answer
-// is left in LastAnswer.
+// Asks whether the data set's files are to be renamed; the answer is left in LastAnswer.
 [[nodiscard]] bool OperatorWantsRenaming(RunState& runState, platform::Operator& theOperator,
                                          const std::string& appTitle);
 

@@ -5,7 +5,7 @@
 
 #include "platform/database/database.h"
 
-namespace platform {
+namespace platform::database {
 
 // Groups the changes that follow on a connection. What was saved is kept also when the scope is
 // left by an error: a row that an export has written is marked, whatever comes after it. Only where
@@ -34,4 +34,4 @@ class Batch {
     std::unique_ptr<Transaction> transaction_;
 };
 
-}  // namespace platform
+}  // namespace platform::database

@@ -4,32 +4,9 @@
 #include <utility>
 
 #include "platform/database/field_names.h"
-#include "platform/database/filter.h"
 #include "platform/database/recordset_errors.h"
 
-namespace platform {
-namespace {
-
-struct PlacedTerm {
-    std::size_t field;
-    FilterTerm term;
-};
-
-std::vector<PlacedTerm> PlacedTerms(const RowSet& rowSet, std::string_view filter) {
-    std::vector<PlacedTerm> placed;
-    for (FilterTerm& term : ParseFilter(filter)) {
-        const std::size_t field = PlaceOfField(rowSet.fields, term.field, rowSet.source);
-        placed.push_back({field, std::move(term)});
-    }
-    return placed;
-}
-
-bool Takes(const std::vector<PlacedTerm>& terms, const Row& row) {
-    return std::ranges::all_of(
-        terms, [&row](const PlacedTerm& term) { return Passes(term.term, row[term.field]); });
-}
-
-}  // namespace
+namespace platform::database {
 
 Value RowSaver::Fit(int, Value value) const {
     return value;
@@ -39,7 +16,7 @@ ClientRecordset::ClientRecordset(std::shared_ptr<RowSet> rowSet, std::unique_ptr
     : source_(rowSet->source), rowSet_(std::move(rowSet)), saver_(std::move(saver)) {}
 
 ClientRecordset::ClientRecordset(std::shared_ptr<RowSet> rowSet, std::vector<std::size_t> places)
-    : source_(rowSet->source), rowSet_(std::move(rowSet)), all_(std::move(places)), view_(all_) {}
+    : source_(rowSet->source), rowSet_(std::move(rowSet)), view_(std::move(places)) {}
 
 const RowSet& ClientRecordset::Rows() const {
     if (!rowSet_) ThrowClosed(source_);
@@ -65,10 +42,6 @@ bool ClientRecordset::IsEof() const {
     return current_ >= Count();
 }
 
-long ClientRecordset::AbsolutePosition() const {
-    return IsEof() ? -1 : static_cast<long>(current_) + 1;
-}
-
 long ClientRecordset::RecordCount() const {
     return static_cast<long>(Count());
 }
@@ -83,21 +56,10 @@ void ClientRecordset::MoveNext() {
     MoveTo(current_ + 1);
 }
 
-int ClientRecordset::FieldCount() const {
-    return static_cast<int>(Rows().fields.size());
-}
-
-Value ClientRecordset::Field(std::size_t field) const {
-    const std::size_t place = CurrentPlace();
-    return change_ ? change_->row[field] : rowSet_->rows[place][field];
-}
-
 Value ClientRecordset::Get(std::string_view field) const {
-    return Field(PlaceOfField(Rows().fields, field, source_));
-}
-
-Value ClientRecordset::Get(int position) const {
-    return Field(PlaceOfField(Rows().fields, position, source_));
+    const std::size_t position = PlaceOfField(Rows().fields, field, source_);
+    const std::size_t place = CurrentPlace();
+    return change_ ? change_->row[position] : rowSet_->rows[place][position];
 }
 
 void ClientRecordset::Edit() {
@@ -123,22 +85,6 @@ void ClientRecordset::Update() {
     change_.reset();
 }
 
-void ClientRecordset::SetFilter(std::string_view filter) {
-    const std::vector<PlacedTerm> terms = PlacedTerms(Rows(), filter);
-    if (terms.empty()) {
-        view_ = all_;
-    } else {
-        std::vector<std::size_t> taken;
-        const std::size_t count = all_ ? all_->size() : rowSet_->rows.size();
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::size_t place = all_ ? (*all_)[i] : i;
-            if (Takes(terms, rowSet_->rows[place])) taken.push_back(place);
-        }
-        view_ = std::move(taken);
-    }
-    MoveTo(0);
-}
-
 void ClientRecordset::Close() {
     if (!rowSet_) ThrowClosed(source_);
     change_.reset();
@@ -146,4 +92,4 @@ void ClientRecordset::Close() {
     rowSet_.reset();
 }
 
-}  // namespace platform
+}  // namespace platform::database

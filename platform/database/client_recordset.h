@@ -7,16 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/database/recordset.h"
+#include "platform/database/row_set.h"
 
-namespace platform {
-
-// The rows themselves; shared by several recordsets that view the same rows through other filters.
-struct RowSet {
-    std::vector<std::string> fields;
-    std::vector<Row> rows;
-    std::string source = {};  // for errors: the file, the table or the query
-};
+namespace platform::database {
 
 // Saves a changed row where it came from.
 class RowSaver {
@@ -40,18 +33,18 @@ class ClientRecordset : public Recordset {
     ClientRecordset(std::shared_ptr<RowSet> rowSet, std::vector<std::size_t> places);
 
     [[nodiscard]] bool IsEof() const override;
-    [[nodiscard]] long AbsolutePosition() const override;
-    [[nodiscard]] long RecordCount() const override;
-    void MoveFirst() override;
     void MoveNext() override;
-    [[nodiscard]] int FieldCount() const override;
     [[nodiscard]] Value Get(std::string_view field) const override;
-    [[nodiscard]] Value Get(int position) const override;
-    void Edit() override;
-    void Set(std::string_view field, Value value) override;
-    void Update() override;
-    void SetFilter(std::string_view filter) override;
     void Close() override;
+
+    [[nodiscard]] long RecordCount() const;
+    void MoveFirst();  // without rows: error 3021
+
+    // A change of the current row: Edit, Set each field, Update, which saves at once. Set or Update
+    // without Edit is error 3020; moving on forgets the change.
+    void Edit();
+    void Set(std::string_view field, Value value);
+    void Update();
 
   private:
     // A change of the current row that is not saved yet.
@@ -63,16 +56,14 @@ class ClientRecordset : public Recordset {
     [[nodiscard]] const RowSet& Rows() const;  // error 3704 after Close
     [[nodiscard]] std::size_t Count() const;
     [[nodiscard]] std::size_t CurrentPlace() const;  // error 3021 where there is no current row
-    [[nodiscard]] Value Field(std::size_t field) const;
     void MoveTo(std::size_t number);
 
     std::string source_;
     std::shared_ptr<RowSet> rowSet_;  // null once closed
     std::unique_ptr<RowSaver> saver_;
-    std::optional<std::vector<std::size_t>> all_;   // places in the row set; every row without it
-    std::optional<std::vector<std::size_t>> view_;  // the places that the filter took
+    std::optional<std::vector<std::size_t>> view_;  // places in the row set; every row without it
     std::size_t current_ = 0;                       // in the view, from 0
     std::optional<Change> change_;
 };
 
-}  // namespace platform
+}  // namespace platform::database

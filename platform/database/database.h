@@ -4,16 +4,18 @@
 // otherwise is the engine's to translate.
 #pragma once
 
+#include <initializer_list>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/database/client_recordset.h"
 #include "platform/database/recordset.h"
 #include "platform/value.h"
 
-namespace platform {
+namespace platform::database {
 
 // Adds rows to a table one after another, without keeping them.
 class TableAppender {
@@ -53,13 +55,24 @@ class Transaction {
     virtual void RollBack() = 0;
 };
 
+// An index that goes with this object.
+class ScopedIndex {
+  public:
+    virtual ~ScopedIndex() = default;
+};
+
 class Database {
   public:
     virtual ~Database() = default;
 
-    // The rows of a query, read whole. A query of the form SELECT * FROM one table can be changed
-    // row by row.
-    [[nodiscard]] virtual std::unique_ptr<Recordset> OpenQuery(std::string_view sql) = 0;
+    // The rows of a query with values for its parameters (as for PreparedStatement), read whole. A
+    // query of the form SELECT * FROM one table can be changed row by row.
+    [[nodiscard]] virtual std::unique_ptr<ClientRecordset> OpenQuery(
+        std::string_view sql, std::span<const Value> values) = 0;
+    [[nodiscard]] std::unique_ptr<ClientRecordset> OpenQuery(
+        std::string_view sql, std::initializer_list<Value> values = {}) {
+        return OpenQuery(sql, std::span(values.begin(), values.size()));
+    }
 
     // The table itself; a missing one is error 3078.
     [[nodiscard]] virtual std::unique_ptr<TableRecordset> OpenTable(std::string_view table) = 0;
@@ -77,8 +90,8 @@ class Database {
     // An index on `columns` ("SalesID, LineNo") of a table for as long as the returned object
     // lives; it makes many small look-ups fast and leaves no trace in the database. Nothing may be
     // changed on this connection meanwhile.
-    [[nodiscard]] virtual std::unique_ptr<Transaction> IndexForNow(std::string_view table,
-                                                                   std::string_view columns) = 0;
+    [[nodiscard]] virtual std::unique_ptr<ScopedIndex> IndexWhileInScope(
+        std::string_view table, std::string_view columns) = 0;
 };
 
 class DatabaseEngine {
@@ -95,4 +108,4 @@ class DatabaseEngine {
         std::string_view connectionString) = 0;
 };
 
-}  // namespace platform
+}  // namespace platform::database

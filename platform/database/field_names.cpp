@@ -3,7 +3,7 @@
 #include "platform/error.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 char LowerAscii(char letter) {
@@ -34,15 +34,4 @@ std::size_t PlaceOfField(const std::vector<std::string>& fields, std::string_vie
                        std::string(source) + ": there is no field '" + std::string(name) + "'.");
 }
 
-std::size_t PlaceOfField(const std::vector<std::string>& fields, int position,
-                         std::string_view source) {
-    if (position >= 0 && static_cast<std::size_t>(position) < fields.size()) {
-        return static_cast<std::size_t>(position);
-    }
-    throw RuntimeError(error_number::kFieldNotFound,
-                       std::string(source) + ": there is no field at position " +
-                           std::to_string(position) + " among " + std::to_string(fields.size()) +
-                           " fields.");
-}
-
-}  // namespace platform
+}  // namespace platform::database

@@ -5,15 +5,11 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace platform::database {
 
 // The place of the first field of that name, in any case; error 3265, which names
 // `source`, where there is none.
 [[nodiscard]] std::size_t PlaceOfField(const std::vector<std::string>& fields,
                                        std::string_view name, std::string_view source);
 
-// The same for a place; error 3265 where there is no such field.
-[[nodiscard]] std::size_t PlaceOfField(const std::vector<std::string>& fields, int position,
-                                       std::string_view source);
-
-}  // namespace platform
+}  // namespace platform::database

@@ -6,11 +6,13 @@
 #include <cstdint>
 #include <optional>
 
+#include "platform/comparison.h"
+#include "platform/database/field_names.h"
 #include "platform/error.h"
 #include "platform/norwegian.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 struct OperatorSpelling {
@@ -134,4 +136,21 @@ bool Passes(const FilterTerm& term, const Value& value) {
     return false;
 }
 
-}  // namespace platform
+std::vector<std::size_t> PlacesThatPass(std::span<const FilterTerm> terms, const RowSet& rowSet,
+                                        std::span<const std::size_t> places) {
+    std::vector<std::size_t> fields;
+    for (const FilterTerm& term : terms)
+        fields.push_back(PlaceOfField(rowSet.fields, term.field, rowSet.source));
+
+    std::vector<std::size_t> passing;
+    for (const std::size_t place : places) {
+        const Row& row = rowSet.rows[place];
+        bool passes = true;
+        for (std::size_t i = 0; passes && i < terms.size(); ++i)
+            passes = Passes(terms[i], row[fields[i]]);
+        if (passes) passing.push_back(place);
+    }
+    return passing;
+}
+
+}  // namespace platform::database

@@ -1,13 +1,15 @@
-// The filter of a recordset: `field op literal` comparisons joined by `and`.
+// The filter of rows in memory: `field op literal` comparisons joined by `and`.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/database/row_set.h"
 #include "platform/value.h"
 
-namespace platform {
+namespace platform::database {
 
 enum class Comparison { Equal, NotEqual, Less, LessOrEqual, Greater, GreaterOrEqual };
 
@@ -26,4 +28,9 @@ struct FilterTerm {
 // passes nothing.
 [[nodiscard]] bool Passes(const FilterTerm& term, const Value& value);
 
-}  // namespace platform
+// Those of the `places` whose rows pass every term, in their order. An unknown field is error 3265.
+[[nodiscard]] std::vector<std::size_t> PlacesThatPass(std::span<const FilterTerm> terms,
+                                                      const RowSet& rowSet,
+                                                      std::span<const std::size_t> places);
+
+}  // namespace platform::database

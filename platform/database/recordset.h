@@ -1,5 +1,5 @@
-// Recordsets: rows with a current one among them, as the system's routines walk, filter and change
-// them. Knows no engine; a query, a table and a persisted file all look like this.
+// Recordsets: rows with a current one among them, as the system's routines walk and change them.
+// Knows no engine; a query, a table and a persisted file all look like this.
 #pragma once
 
 #include <string_view>
@@ -7,50 +7,44 @@
 
 #include "platform/value.h"
 
-namespace platform {
+namespace platform::database {
 
 using Row = std::vector<Value>;
 
-// What every recordset can do with its current row. Every call on a closed recordset is error 3704;
-// every access to a row where there is none is error 3021; an unknown field name or position is
-// error 3265. Names are matched without regard to case; of two equal names the first is meant.
-class Recordset {
+// One record, seen by the names of its fields.
+class Record {
   public:
-    virtual ~Recordset() = default;
+    virtual ~Record() = default;
 
+    // The field's value in the current row. Names are matched without regard to case; of two equal
+    // names the first is meant. An unknown name is error 3265, no current row 3021.
+    [[nodiscard]] virtual Value Get(std::string_view field) const = 0;
+};
+
+// Rows that are walked from the first to the last. Every call after Close is error 3704.
+class Recordset : public Record {
+  public:
     // True past the last row, and when there are no rows.
     [[nodiscard]] virtual bool IsEof() const = 0;
 
-    // The number of the current row, from 1; negative when there is none.
-    [[nodiscard]] virtual long AbsolutePosition() const = 0;
-
-    // The rows that there are, or that the filter takes.
-    [[nodiscard]] virtual long RecordCount() const = 0;
-
-    virtual void MoveFirst() = 0;  // without rows: error 3021
-    virtual void MoveNext() = 0;   // past the end: error 3021
-
-    [[nodiscard]] virtual int FieldCount() const = 0;
-    [[nodiscard]] virtual Value Get(std::string_view field) const = 0;
-    [[nodiscard]] virtual Value Get(int position) const = 0;  // from 0
-
-    // A change of the current row: Edit, Set each field, Update. Update saves at once to the row
-    // that it came from. Set or Update without Edit is error 3020.
-    virtual void Edit() = 0;
-    virtual void Set(std::string_view field, Value value) = 0;
-    virtual void Update() = 0;
-
-    // Leaves only the rows that `filter` takes and moves to the first of them; the empty text takes
-    // every row. The form is given in filter.h; a malformed filter is error 3075.
-    virtual void SetFilter(std::string_view filter) = 0;
+    virtual void MoveNext() = 0;  // past the end: error 3021
 
     virtual void Close() = 0;
 };
 
-// A recordset on a table itself, opened on its first row: it reads the row as it is in the database
-// at that moment, and finds rows by an index.
-class TableRecordset : public Recordset {
+// A table itself, opened on its first row; other rows are found by an index. The current row is
+// read once, when a field of it is first asked for.
+class TableRecordset : public Record {
   public:
+    // Forgets what was read, so that changes by others since then are seen.
+    virtual void Refresh() = 0;
+
+    // A change of the current row: Edit, Set each field, Update, which saves at once. Edit reads
+    // the row anew. Set or Update without Edit is error 3020.
+    virtual void Edit() = 0;
+    virtual void Set(std::string_view field, Value value) = 0;
+    virtual void Update() = 0;
+
     // Makes an index current. "PrimaryKey" is the table's primary key; any other name, or a table
     // without one, is error 3015.
     virtual void SetIndex(std::string_view name) = 0;
@@ -61,4 +55,4 @@ class TableRecordset : public Recordset {
     [[nodiscard]] virtual bool NoMatch() const = 0;
 };
 
-}  // namespace platform
+}  // namespace platform::database

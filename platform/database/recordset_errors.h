@@ -7,7 +7,7 @@
 
 #include "platform/error.h"
 
-namespace platform {
+namespace platform::database {
 
 [[noreturn]] inline void ThrowClosed(std::string_view source) {
     throw RuntimeError(error_number::kObjectClosed,
@@ -24,4 +24,4 @@ namespace platform {
                        "A field was set or a row saved without Edit before it.");
 }
 
-}  // namespace platform
+}  // namespace platform::database

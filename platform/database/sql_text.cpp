@@ -1,14 +1,13 @@
 #include "platform/database/sql_text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <initializer_list>
 #include <optional>
 
 #include "platform/database/sql_token.h"
 #include "platform/database/sqlite_functions.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 using Tokens = std::vector<SqlToken>;
@@ -84,21 +83,6 @@ void OrderGroups(std::string_view sql, const Tokens& tokens, std::vector<TextEdi
     edits.push_back({EndOfTokenBefore(tokens, orderPlace), 0, " ORDER BY " + std::string(list)});
 }
 
-// Digits alone that fit a whole number; anything else is left to the engine.
-std::optional<std::int64_t> WholeNumber(const SqlToken& token) {
-    std::int64_t number = 0;
-    const char* const end = token.text.data() + token.text.size();
-    const auto result = std::from_chars(token.text.data(), end, number);
-    if (token.kind != SqlTokenKind::Number || result.ec != std::errc() || result.ptr != end)
-        return std::nullopt;
-    return number;
-}
-
-bool IsParameter(const SqlToken& token) {
-    return IsAnyOf(token, {"?", ":", "@"}) ||
-           (token.kind == SqlTokenKind::Word && token.text.starts_with('$'));
-}
-
 bool IsChangeOrQuery(const SqlToken& first) {
     return IsAnyOf(first, {"SELECT", "DELETE", "UPDATE", "INSERT", "REPLACE", "WITH"});
 }
@@ -150,24 +134,6 @@ std::string ToEngineDialect(std::string_view sql) {
     return Edited(sql, std::move(edits));
 }
 
-ParameterizedSql NumbersAsParameters(std::string_view sql) {
-    const Tokens tokens = SqlTokens(sql);
-    // A definition (a check, a partial index) takes no parameters.
-    if (tokens.empty() || !IsChangeOrQuery(tokens.front())) return {std::string(sql), {}};
-    if (std::ranges::any_of(tokens, IsParameter)) return {std::string(sql), {}};
-
-    std::vector<TextEdit> edits;
-    std::vector<Value> numbers;
-    for (std::size_t i = 1; i < tokens.size(); ++i) {
-        if (!IsComparison(tokens[i - 1])) continue;
-        const std::optional<std::int64_t> number = WholeNumber(tokens[i]);
-        if (!number) continue;
-        edits.push_back({tokens[i].offset, tokens[i].text.size(), "?"});
-        numbers.emplace_back(*number);
-    }
-    return {Edited(sql, std::move(edits)), std::move(numbers)};
-}
-
 std::string WholeTableOf(std::string_view sql) {
     const Tokens tokens = SqlTokens(sql);
     constexpr std::size_t kTable = 3;
@@ -194,4 +160,4 @@ std::string WithRowKey(std::string_view sql, const std::vector<std::string>& row
               {EndOfTokenBefore(tokens, orderPlace), 0, (ordered ? ", " : " ORDER BY ") + key}});
 }
 
-}  // namespace platform
+}  // namespace platform::database

@@ -6,9 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/value.h"
-
-namespace platform {
+namespace platform::database {
 
 // A name as SQL takes it, whatever it is: "SalesLines".
 [[nodiscard]] std::string QuotedName(std::string_view name);
@@ -21,16 +19,6 @@ namespace platform {
 // and the rows of a grouping query in the order of their groups where no other order is given.
 [[nodiscard]] std::string ToEngineDialect(std::string_view sql);
 
-// A text whose numbers stand in `numbers`, in their order, with a parameter in the place of each.
-struct ParameterizedSql {
-    std::string text;
-    std::vector<Value> numbers;
-};
-
-// Takes the whole numbers behind comparisons out of a query or change without parameters: texts
-// that differ in nothing else become one, which is prepared once.
-[[nodiscard]] ParameterizedSql NumbersAsParameters(std::string_view sql);
-
 // The table of a query of the form SELECT * FROM table [WHERE ...] [ORDER BY ...]; empty for any
 // other text.
 [[nodiscard]] std::string WholeTableOf(std::string_view sql);
@@ -39,4 +27,4 @@ struct ParameterizedSql {
 // order leaves rows equal, or there is none, these columns order them.
 [[nodiscard]] std::string WithRowKey(std::string_view sql, const std::vector<std::string>& rowKey);
 
-}  // namespace platform
+}  // namespace platform::database

@@ -4,7 +4,7 @@
 
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 bool IsBlank(char c) {
@@ -107,4 +107,4 @@ std::vector<SqlToken> SqlTokens(std::string_view sql) {
     return tokens;
 }
 
-}  // namespace platform
+}  // namespace platform::database

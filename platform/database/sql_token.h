@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace platform {
+namespace platform::database {
 
 enum class SqlTokenKind { Word, QuotedName, Text, Number, Symbol };
 
@@ -22,4 +22,4 @@ struct SqlToken {
 
 [[nodiscard]] std::vector<SqlToken> SqlTokens(std::string_view sql);
 
-}  // namespace platform
+}  // namespace platform::database

@@ -3,7 +3,7 @@
 #include "platform/database/sql_text.h"
 #include "platform/error.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 std::string InsertSql(const TableInfo& table) {
@@ -22,7 +22,7 @@ std::string InsertSql(const TableInfo& table) {
 SqliteAppender::SqliteAppender(std::shared_ptr<SqliteConnection> connection, std::string_view table)
     : connection_(std::move(connection)),
       table_(connection_->RequireTable(table)),
-      insert_(*connection_, InsertSql(*table_)),
+      insert_(connection_->Handle(), InsertSql(*table_)),
       texts_(table_->columns.size()) {}
 
 int SqliteAppender::FieldCount() const {
@@ -54,4 +54,4 @@ void SqliteAppender::Save() {
     insert_.Step();
 }
 
-}  // namespace platform
+}  // namespace platform::database

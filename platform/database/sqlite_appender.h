@@ -9,7 +9,7 @@
 #include "platform/database/database.h"
 #include "platform/database/sqlite_connection.h"
 
-namespace platform {
+namespace platform::database {
 
 class SqliteAppender : public TableAppender {
   public:
@@ -28,4 +28,4 @@ class SqliteAppender : public TableAppender {
     std::vector<std::string> texts_;
 };
 
-}  // namespace platform
+}  // namespace platform::database

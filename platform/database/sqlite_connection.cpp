@@ -1,64 +1,14 @@
 #include "platform/database/sqlite_connection.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
-#include <array>
 
-#include "platform/database/sqlite_functions.h"
 #include "platform/error.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 constexpr std::size_t kMostStatementsKept = 64;
-constexpr std::string_view kNoSuchTable = "no such table";
-
-int ConstraintError(int extendedCode) {
-    switch (extendedCode) {
-        case SQLITE_CONSTRAINT_UNIQUE:
-        case SQLITE_CONSTRAINT_PRIMARYKEY:
-        case SQLITE_CONSTRAINT_ROWID:
-            return error_number::kDuplicateKey;
-        case SQLITE_CONSTRAINT_NOTNULL:
-            return error_number::kFieldRequired;
-        default:
-            return error_number::kDataTypeConversion;
-    }
-}
-
-int ErrorOfCode(int extendedCode, std::string_view message) {
-    switch (extendedCode & 0xff) {
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-        case SQLITE_PROTOCOL:
-            return error_number::kDatabaseInUse;
-        case SQLITE_CANTOPEN:
-        case SQLITE_PERM:
-        case SQLITE_AUTH:
-            return error_number::kCannotOpenDatabase;
-        case SQLITE_NOTADB:
-        case SQLITE_CORRUPT:
-            return error_number::kUnrecognizedDatabase;
-        case SQLITE_FULL:
-            return error_number::kDiskFull;
-        case SQLITE_READONLY:
-            return error_number::kReadOnly;
-        case SQLITE_IOERR:
-            return error_number::kDeviceIo;
-        case SQLITE_CONSTRAINT:
-            return ConstraintError(extendedCode);
-        case SQLITE_MISMATCH:
-        case SQLITE_TOOBIG:
-            return error_number::kDataTypeConversion;
-        default:
-            break;
-    }
-    if (message.starts_with(kNoSuchTable)) return error_number::kNoSuchTable;
-    if (message == kSumOverflowMessage) return error_number::kOverflow;
-    return error_number::kSyntaxError;
-}
 
 // The name of the row number that no column hides; empty where columns hide all of its names.
 std::string RowNumberName(const std::vector<TableColumn>& columns) {
@@ -73,53 +23,24 @@ std::string RowNumberName(const std::vector<TableColumn>& columns) {
 
 }  // namespace
 
-void SqliteConnection::Close::operator()(sqlite3* handle) const noexcept {
-    sqlite3_close(handle);
-}
-
 SqliteConnection::SqliteConnection(const std::filesystem::path& file, Mode mode,
                                    std::chrono::milliseconds busyTimeout)
-    : fileName_(file.string()) {
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
-                      (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
-    sqlite3* opened = nullptr;
-    const int code = sqlite3_open_v2(fileName_.c_str(), &opened, flags, nullptr);
-    handle_.reset(opened);
-    Check(code);
-    sqlite3_busy_timeout(opened, static_cast<int>(busyTimeout.count()));
-    Check(RegisterFunctions(opened));
+    : handle_(file, mode, busyTimeout) {
     // Opening alone reads nothing: a file that is no database shows here.
     Run("SELECT count(*) FROM sqlite_master");
-}
-
-void SqliteConnection::Check(int code, std::string_view sql) const {
-    if (code == SQLITE_OK) return;
-    const bool known = handle_ != nullptr && sqlite3_extended_errcode(handle_.get()) == code;
-    const std::string message = known ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code);
-    std::string description = "Database '" + fileName_ + "': " + message + ".";
-    if (!sql.empty()) description.append(" SQL: ").append(sql);
-    throw RuntimeError(ErrorOfCode(code, message), std::move(description));
 }
 
 Statement& SqliteConnection::Kept(const std::string& sql) {
     const auto found = kept_.find(sql);
     if (found != kept_.end()) return found->second;
     if (kept_.size() >= kMostStatementsKept) kept_.clear();
-    return kept_.emplace(sql, Statement(*this, sql)).first->second;
+    return kept_.emplace(sql, Statement(handle_, sql)).first->second;
 }
 
 void SqliteConnection::Run(const std::string& sql) {
     StatementUse statement(Kept(sql));
     while (statement->Step()) {
     }
-}
-
-long SqliteConnection::Changes() const {
-    return sqlite3_changes(handle_.get());
-}
-
-bool SqliteConnection::InTransaction() const {
-    return sqlite3_get_autocommit(handle_.get()) == 0;
 }
 
 std::shared_ptr<const TableInfo> SqliteConnection::FindTable(std::string_view table) {
@@ -135,7 +56,7 @@ std::shared_ptr<const TableInfo> SqliteConnection::RequireTable(std::string_view
     if (info) return info;
     throw RuntimeError(
         error_number::kNoSuchTable,
-        "Database '" + fileName_ + "': there is no table '" + std::string(table) + "'.");
+        "Database '" + handle_.FileName() + "': there is no table '" + std::string(table) + "'.");
 }
 
 void SqliteConnection::ForgetTablesOfOldSchema() {
@@ -185,4 +106,4 @@ std::shared_ptr<const TableInfo> SqliteConnection::ReadTable(std::string_view ta
     return std::make_shared<const TableInfo>(std::move(info));
 }
 
-}  // namespace platform
+}  // namespace platform::database

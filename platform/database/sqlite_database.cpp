@@ -9,7 +9,7 @@
 #include "platform/database/sqlite_table.h"
 #include "platform/error.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 class SqliteTransaction : public Transaction {
@@ -42,7 +42,7 @@ class SqliteTransaction : public Transaction {
         RequireOpen();
         const std::shared_ptr<SqliteConnection> connection = std::move(connection_);
         // After a failure such as a full disk the engine has rolled back already.
-        if (connection->InTransaction()) connection->Run("ROLLBACK");
+        if (connection->Handle().InTransaction()) connection->Run("ROLLBACK");
     }
 
   private:
@@ -54,22 +54,19 @@ class SqliteTransaction : public Transaction {
     std::shared_ptr<SqliteConnection> connection_;  // null once ended
 };
 
-// An index inside a transaction that never reaches the file.
-class TemporaryIndex : public Transaction {
+// Made inside a transaction that never reaches the file.
+class IndexInTransaction : public ScopedIndex {
   public:
-    TemporaryIndex(const std::shared_ptr<SqliteConnection>& connection, std::string_view table,
-                   std::string_view columns)
+    IndexInTransaction(const std::shared_ptr<SqliteConnection>& connection, std::string_view table,
+                       std::string_view columns)
         : transaction_(connection) {
-        connection->Run("CREATE INDEX kv_index_for_now ON " +
+        connection->Run("CREATE INDEX kv_scoped_index ON " +
                         QuotedName(connection->RequireTable(table)->name) + " (" +
                         std::string(columns) + ")");
     }
 
-    void Commit() override { transaction_.RollBack(); }
-    void RollBack() override { transaction_.RollBack(); }
-
   private:
-    SqliteTransaction transaction_;
+    SqliteTransaction transaction_;  // rolled back at the end
 };
 
 }  // namespace
@@ -77,8 +74,9 @@ class TemporaryIndex : public Transaction {
 SqliteDatabase::SqliteDatabase(std::shared_ptr<SqliteConnection> connection)
     : connection_(std::move(connection)) {}
 
-std::unique_ptr<Recordset> SqliteDatabase::OpenQuery(std::string_view sql) {
-    return RunQuery(connection_, sql);
+std::unique_ptr<ClientRecordset> SqliteDatabase::OpenQuery(std::string_view sql,
+                                                           std::span<const Value> values) {
+    return RunQuery(connection_, sql, values);
 }
 
 std::unique_ptr<TableRecordset> SqliteDatabase::OpenTable(std::string_view table) {
@@ -101,9 +99,9 @@ std::unique_ptr<Transaction> SqliteDatabase::BeginTransaction() {
     return std::make_unique<SqliteTransaction>(connection_);
 }
 
-std::unique_ptr<Transaction> SqliteDatabase::IndexForNow(std::string_view table,
-                                                         std::string_view columns) {
-    return std::make_unique<TemporaryIndex>(connection_, table, columns);
+std::unique_ptr<ScopedIndex> SqliteDatabase::IndexWhileInScope(std::string_view table,
+                                                               std::string_view columns) {
+    return std::make_unique<IndexInTransaction>(connection_, table, columns);
 }
 
-}  // namespace platform
+}  // namespace platform::database

@@ -9,7 +9,7 @@
 #include "platform/files.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 using std::filesystem::path;
@@ -69,4 +69,4 @@ std::unique_ptr<Database> SqliteEngine::CreateDatabase(std::string_view fileName
     return std::make_unique<SqliteDatabase>(std::move(connection));
 }
 
-}  // namespace platform
+}  // namespace platform::database

@@ -6,7 +6,7 @@
 
 #include "platform/database/database.h"
 
-namespace platform {
+namespace platform::database {
 
 class SqliteEngine : public DatabaseEngine {
   public:
@@ -26,4 +26,4 @@ class SqliteEngine : public DatabaseEngine {
     std::chrono::milliseconds busyTimeout_;
 };
 
-}  // namespace platform
+}  // namespace platform::database

@@ -9,7 +9,7 @@
 
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 constexpr std::int64_t kUnitsOfOne = 10000;  // amounts count in 1/10000, as currency does
@@ -94,4 +94,4 @@ int RegisterFunctions(sqlite3* connection) {
                                        CompareTexts, nullptr);
 }
 
-}  // namespace platform
+}  // namespace platform::database

@@ -6,7 +6,7 @@
 
 struct sqlite3;
 
-namespace platform {
+namespace platform::database {
 
 // Compares texts without regard to the case of any Latin letter; NOCASE knows A to Z alone.
 inline constexpr std::string_view kTextCollation = "KVTEXT";
@@ -16,4 +16,4 @@ inline constexpr std::string_view kSumOverflowMessage = "overflow in sum()";
 // Makes them known to a connection; gives the library's result code.
 [[nodiscard]] int RegisterFunctions(sqlite3* connection);
 
-}  // namespace platform
+}  // namespace platform::database

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-namespace platform {
+namespace platform::database {
 
 SqlitePrepared::SqlitePrepared(std::shared_ptr<SqliteConnection> connection, std::string_view sql)
-    : connection_(std::move(connection)), statement_(*connection_, sql) {}
+    : connection_(std::move(connection)), statement_(connection_->Handle(), sql) {}
 
 std::vector<Row> SqlitePrepared::Run(std::span<const Value> values) {
     const StatementUse ending(statement_);
@@ -40,4 +40,4 @@ void SqlitePrepared::ReadColumnTypes() {
     }
 }
 
-}  // namespace platform
+}  // namespace platform::database

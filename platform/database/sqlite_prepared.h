@@ -9,7 +9,7 @@
 #include "platform/database/database.h"
 #include "platform/database/sqlite_connection.h"
 
-namespace platform {
+namespace platform::database {
 
 class SqlitePrepared : public PreparedStatement {
   public:
@@ -25,4 +25,4 @@ class SqlitePrepared : public PreparedStatement {
     std::vector<FieldType> types_;  // of the columns of its rows
 };
 
-}  // namespace platform
+}  // namespace platform::database

@@ -2,12 +2,11 @@
 
 #include <utility>
 
-#include "platform/database/client_recordset.h"
 #include "platform/database/sql_text.h"
 #include "platform/database/sqlite_row_update.h"
 #include "platform/error.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 // The rows of one table, with what finds each of them again.
@@ -89,15 +88,14 @@ std::shared_ptr<const TableInfo> ChangeableTable(SqliteConnection& connection,
 
 }  // namespace
 
-std::unique_ptr<Recordset> RunQuery(const std::shared_ptr<SqliteConnection>& connection,
-                                    std::string_view sql) {
+std::unique_ptr<ClientRecordset> RunQuery(const std::shared_ptr<SqliteConnection>& connection,
+                                          std::string_view sql, std::span<const Value> values) {
     std::string text = ToEngineDialect(sql);
     const std::shared_ptr<const TableInfo> table = ChangeableTable(*connection, text);
     if (table) text = WithRowKey(text, table->rowKey);
 
-    const ParameterizedSql parameterized = NumbersAsParameters(text);
-    StatementUse query(connection->Kept(parameterized.text));
-    query->BindAll(parameterized.numbers);
+    StatementUse query(connection->Kept(text));
+    query->BindAll(values);
     const int hidden = table ? static_cast<int>(table->rowKey.size()) : 0;
     // A statement that was kept learns of a changed table with its first step.
     bool hasRow = query->Step();
@@ -120,4 +118,4 @@ std::unique_ptr<Recordset> RunQuery(const std::shared_ptr<SqliteConnection>& con
         std::make_unique<TableRowSaver>(connection, table, std::move(fields), std::move(rowKeys)));
 }
 
-}  // namespace platform
+}  // namespace platform::database

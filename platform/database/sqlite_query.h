@@ -3,14 +3,16 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string_view>
 
-#include "platform/database/recordset.h"
+#include "platform/database/client_recordset.h"
 #include "platform/database/sqlite_connection.h"
 
-namespace platform {
+namespace platform::database {
 
-[[nodiscard]] std::unique_ptr<Recordset> RunQuery(
-    const std::shared_ptr<SqliteConnection>& connection, std::string_view sql);
+[[nodiscard]] std::unique_ptr<ClientRecordset> RunQuery(
+    const std::shared_ptr<SqliteConnection>& connection, std::string_view sql,
+    std::span<const Value> values);
 
-}  // namespace platform
+}  // namespace platform::database

@@ -4,7 +4,7 @@
 #include "platform/error.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 std::string UpdateSql(const TableInfo& table, const FieldChanges& changes) {
@@ -44,11 +44,11 @@ void UpdateRow(SqliteConnection& connection, const TableInfo& table, RowKey& key
             update->Bind(++parameter, value);
         update->Step();
     }
-    if (connection.Changes() == 0) {
+    if (connection.Handle().Changes() == 0) {
         throw RuntimeError(error_number::kNoCurrentRecord,
                            "The record is no longer in the table '" + table.name + "'.");
     }
     FollowKey(table, key, changes);
 }
 
-}  // namespace platform
+}  // namespace platform::database

@@ -7,7 +7,7 @@
 
 #include "platform/database/sqlite_connection.h"
 
-namespace platform {
+namespace platform::database {
 
 // Values of the row-key columns of a table: where a row is.
 using RowKey = std::vector<Value>;
@@ -21,4 +21,4 @@ using FieldChanges = std::vector<FieldChange>;
 void UpdateRow(SqliteConnection& connection, const TableInfo& table, RowKey& key,
                const FieldChanges& changes);
 
-}  // namespace platform
+}  // namespace platform::database

@@ -2,10 +2,10 @@
 
 #include <sqlite3.h>
 
-#include "platform/database/sqlite_connection.h"
+#include "platform/date_text.h"
 #include "platform/error.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 // The text of a column; a blob counts as the text of its bytes.
@@ -32,7 +32,7 @@ Value FloatingColumn(sqlite3_stmt* statement, int column, FieldType type) {
 Value TextColumn(sqlite3_stmt* statement, int column, FieldType type) {
     const std::string_view text = StoredText(statement, column);
     if (type == FieldType::Date) {
-        if (const auto moment = ParseStoredDate(text)) return *moment;
+        if (const auto moment = ParseIsoDate(text)) return *moment;
     }
     return text;
 }
@@ -43,14 +43,13 @@ void Statement::Finalize::operator()(sqlite3_stmt* statement) const noexcept {
     sqlite3_finalize(statement);
 }
 
-Statement::Statement(const SqliteConnection& connection, std::string_view sql)
-    : connection_(&connection) {
+Statement::Statement(const SqliteHandle& handle, std::string_view sql) : handle_(&handle) {
     sqlite3_stmt* prepared = nullptr;
     const char* rest = nullptr;
-    const int code = sqlite3_prepare_v2(connection.Handle(), sql.data(),
-                                        static_cast<int>(sql.size()), &prepared, &rest);
+    const int code = sqlite3_prepare_v2(handle.Get(), sql.data(), static_cast<int>(sql.size()),
+                                        &prepared, &rest);
     statement_.reset(prepared);
-    connection.Check(code, sql);
+    handle.Check(code, sql);
     const auto left = static_cast<std::size_t>(sql.data() + sql.size() - rest);
     if (!statement_ || sql.substr(sql.size() - left).find_first_not_of(" \t\r\n") != sql.npos) {
         throw RuntimeError(error_number::kSyntaxError,
@@ -71,30 +70,30 @@ void Statement::Bind(int parameter, const Value& value) {
     } else if (const auto* truth = value.AsBoolean()) {
         code = sqlite3_bind_int(statement, parameter, *truth ? 1 : 0);
     } else if (const auto* moment = value.AsDate()) {
-        const std::string stored = StoredDate(*moment);
+        const std::string stored = IsoDateTime(*moment);
         code = sqlite3_bind_text64(statement, parameter, stored.data(), stored.size(),
                                    SQLITE_TRANSIENT, SQLITE_UTF8);
     } else {
         code = sqlite3_bind_null(statement, parameter);
     }
-    connection_->Check(code);
+    handle_->Check(code);
 }
 
-void Statement::BindAll(const std::vector<Value>& values) {
+void Statement::BindAll(std::span<const Value> values) {
     int parameter = 0;
     for (const Value& value : values)
         Bind(++parameter, value);
 }
 
 void Statement::BindInPlace(int parameter, std::string_view text) {
-    connection_->Check(sqlite3_bind_text64(statement_.get(), parameter, text.data(), text.size(),
-                                           SQLITE_STATIC, SQLITE_UTF8));
+    handle_->Check(sqlite3_bind_text64(statement_.get(), parameter, text.data(), text.size(),
+                                       SQLITE_STATIC, SQLITE_UTF8));
 }
 
 bool Statement::Step() {
     const int code = sqlite3_step(statement_.get());
     if (code == SQLITE_ROW) return true;
-    if (code != SQLITE_DONE) connection_->Check(code);
+    if (code != SQLITE_DONE) handle_->Check(code);
     return false;
 }
 
@@ -132,4 +131,4 @@ Value Statement::Column(int column, FieldType type) const {
     }
 }
 
-}  // namespace platform
+}  // namespace platform::database

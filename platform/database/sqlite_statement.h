@@ -1,36 +1,34 @@
 // A prepared statement: binding of values, stepping, values of its columns.
-// Internal to this folder. A statement must not outlive its connection.
+// Internal to this folder. A statement must not outlive its handle.
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
+#include "platform/database/sqlite_handle.h"
 #include "platform/database/sqlite_types.h"
 #include "platform/value.h"
 
 struct sqlite3_stmt;
 
-namespace platform {
-
-class SqliteConnection;
+namespace platform::database {
 
 class Statement {
   public:
-    Statement(const SqliteConnection& connection, std::string_view sql);
+    Statement(const SqliteHandle& handle, std::string_view sql);
 
     // Parameters and columns count from 1 and from 0, as the library has it.
     void Bind(int parameter, const Value& value);
 
     // The first parameters, in this order.
-    void BindAll(const std::vector<Value>& values);
+    void BindAll(std::span<const Value> values);
 
     // Binds the text itself, which must stay as it is until the statement is reset.
     void BindInPlace(int parameter, std::string_view text);
 
-    // Moves to the next row; false when there is none.
-    bool Step();
+    bool Step();  // false behind the last row
 
     // Ready for the next use, with no lock held and every parameter null.
     void Reset() noexcept;
@@ -45,7 +43,7 @@ class Statement {
         void operator()(sqlite3_stmt* statement) const noexcept;
     };
 
-    const SqliteConnection* connection_;
+    const SqliteHandle* handle_;
     std::unique_ptr<sqlite3_stmt, Finalize> statement_;
 };
 
@@ -64,4 +62,4 @@ class StatementUse {
     Statement& statement_;
 };
 
-}  // namespace platform
+}  // namespace platform::database

@@ -3,12 +3,11 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "platform/value.h"
 
-namespace platform {
+namespace platform::database {
 
 enum class FieldType { Boolean, Date, Whole, Floating, Text, AsStored };
 
@@ -25,11 +24,4 @@ enum class FieldType { Boolean, Date, Whole, Floating, Text, AsStored };
 // What `place` ("Table Sales, column ID") could not take, as error 3421.
 [[nodiscard]] Value FittedOrError(const Value& value, FieldType type, std::string_view place);
 
-// `YYYY-MM-DD HH:MM:SS`, the form in which dates are stored.
-[[nodiscard]] std::string StoredDate(const DateTime& moment);
-
-// The moment of a stored date, the time optional; nothing where the text is not of that form or the
-// moment does not exist.
-[[nodiscard]] std::optional<DateTime> ParseStoredDate(std::string_view text);
-
-}  // namespace platform
+}  // namespace platform::database

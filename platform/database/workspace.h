@@ -6,7 +6,7 @@
 
 #include "platform/database/database.h"
 
-namespace platform {
+namespace platform::database {
 
 // The embedded engine knows no users; name, user and password are for an engine that does.
 class Workspace {
@@ -24,4 +24,4 @@ class Workspace {
     DatabaseEngine& engine_;
 };
 
-}  // namespace platform
+}  // namespace platform::database

@@ -5,7 +5,7 @@
 #include "platform/error.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 namespace {
 
@@ -132,4 +132,4 @@ std::string RecordsetDocument::Where() const {
     return where;
 }
 
-}  // namespace platform
+}  // namespace platform::recordset_file

@@ -12,7 +12,7 @@
 #include "platform/recordset_file/schema.h"
 #include "platform/value.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 // A guard against hostile files: the deepest element of a persisted recordset is the fifth.
 inline constexpr std::size_t kMaxDepth = 64;
@@ -56,4 +56,4 @@ class RecordsetDocument {
     long rowsTaken_ = 0;
 };
 
-}  // namespace platform
+}  // namespace platform::recordset_file

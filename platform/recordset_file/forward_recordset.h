@@ -7,27 +7,20 @@
 #include "platform/database/recordset.h"
 #include "platform/recordset_file/reader.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
-// Stands on the first row. It can not go back (MoveFirst after the first row), be changed or be
-// filtered: error 3027. Its number of rows is not known (-1).
-class ForwardRecordset : public Recordset {
+// Stands on the first row.
+class ForwardRecordset : public database::Recordset {
   public:
     explicit ForwardRecordset(std::string_view fileName);
 
     [[nodiscard]] bool IsEof() const override;
-    [[nodiscard]] long AbsolutePosition() const override;
-    [[nodiscard]] long RecordCount() const override;
-    void MoveFirst() override;
     void MoveNext() override;
-    [[nodiscard]] int FieldCount() const override;
     [[nodiscard]] Value Get(std::string_view field) const override;
-    [[nodiscard]] Value Get(int position) const override;
-    void Edit() override;
-    void Set(std::string_view field, Value value) override;
-    void Update() override;
-    void SetFilter(std::string_view filter) override;
     void Close() override;
+
+    // "FILE, record N", of the current row.
+    [[nodiscard]] std::string Place() const;
 
   private:
     void RequireOpen() const;
@@ -40,4 +33,4 @@ class ForwardRecordset : public Recordset {
     bool isOpen_ = true;
 };
 
-}  // namespace platform
+}  // namespace platform::recordset_file

@@ -3,10 +3,9 @@
 #include <utility>
 
 #include "platform/error.h"
-#include "platform/recordset_file/forward_recordset.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 namespace {
 
@@ -28,23 +27,25 @@ PersistConnection::PersistConnection(std::string connectionText)
                                                            ";\" opens recordset files");
 }
 
-std::unique_ptr<Recordset> PersistConnection::OpenRecordset(std::string_view fileName) const {
-    return std::make_unique<ClientRecordset>(LoadRows(fileName));
+std::unique_ptr<database::ClientRecordset> PersistConnection::OpenRecordset(
+    std::string_view fileName) const {
+    return std::make_unique<database::ClientRecordset>(LoadRows(fileName));
 }
 
-std::unique_ptr<Recordset> PersistConnection::OpenForwardOnly(std::string_view fileName) const {
+std::unique_ptr<ForwardRecordset> PersistConnection::OpenForwardOnly(
+    std::string_view fileName) const {
     return std::make_unique<ForwardRecordset>(fileName);
 }
 
-std::shared_ptr<RowSet> PersistConnection::LoadRows(std::string_view fileName) const {
+std::shared_ptr<database::RowSet> PersistConnection::LoadRows(std::string_view fileName) const {
     RecordsetFileReader reader(fileName);
-    auto rowSet = std::make_shared<RowSet>();
+    auto rowSet = std::make_shared<database::RowSet>();
     rowSet->source = fileName;
     rowSet->fields = reader.Fields();
-    Row row;
+    database::Row row;
     while (reader.Next(row))
         rowSet->rows.push_back(std::move(row));
     return rowSet;
 }
 
-}  // namespace platform
+}  // namespace platform::recordset_file

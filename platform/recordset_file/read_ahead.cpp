@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <utility>
 
-namespace platform {
+namespace platform::recordset_file {
 
 namespace {
 
+// So many rows that handing them over costs next to nothing, so few that what waits stays small.
 constexpr std::size_t kBatches = 3;  // one that is read, one that waits, one that is taken from
 constexpr std::size_t kBatchRows = 256;
 constexpr std::size_t kBatchValues = 8192;
@@ -14,7 +15,8 @@ constexpr long kBatchBytes = 512L * 1024;
 
 }  // namespace
 
-ReadAhead::ReadAhead(std::string_view fileName) : file_(fileName), empty_(kBatches - 1) {
+ReadAhead::ReadAhead(std::string_view fileName)
+    : fileName_(fileName), file_(fileName), empty_(kBatches - 1) {
     // Handing over must not fail on either side.
     filled_.reserve(kBatches);
     empty_.reserve(kBatches);
@@ -30,6 +32,10 @@ bool ReadAhead::Next(std::vector<Value>& row) {
     row.swap(current_.rows[taken_++]);
     ++recordNumber_;
     return true;
+}
+
+std::string ReadAhead::Place() const {
+    return fileName_ + ", record " + std::to_string(recordNumber_);
 }
 
 void ReadAhead::TakeBatch() {
@@ -85,4 +91,4 @@ void ReadAhead::ReadRows(Batch& batch) {
     }
 }
 
-}  // namespace platform
+}  // namespace platform::recordset_file

@@ -6,6 +6,7 @@
 #include <exception>
 #include <mutex>
 #include <stop_token>
+#include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
@@ -13,7 +14,7 @@
 #include "platform/recordset_file/reader.h"
 #include "platform/value.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 // A reader for who has much to do with each row: parsing goes on meanwhile. On two cores it takes a
 // quarter off the import of a large day. Rows, errors and their order are the reader's; the memory
@@ -28,6 +29,9 @@ class ReadAhead {
     // As RecordsetFileReader's; the rows before a fault are given before it is raised.
     [[nodiscard]] bool Next(std::vector<Value>& row);
     [[nodiscard]] long RecordNumber() const { return recordNumber_; }
+
+    // "FILE, record N", of the row that Next gave last.
+    [[nodiscard]] std::string Place() const;
 
   private:
     // Rows that are handed over together. The last batch ends the file, well or with a failure.
@@ -47,6 +51,7 @@ class ReadAhead {
     // The taker's side.
     void TakeBatch();
 
+    std::string fileName_;
     RecordsetFileReader file_;  // the thread's alone
     Batch current_;             // the taker's alone
     std::size_t taken_ = 0;
@@ -60,4 +65,4 @@ class ReadAhead {
     std::jthread thread_;  // the last member: it ends first
 };
 
-}  // namespace platform
+}  // namespace platform::recordset_file

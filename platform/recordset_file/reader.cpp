@@ -18,7 +18,7 @@
 #include "platform/recordset_file/xml_names.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 namespace {
 
@@ -197,6 +197,7 @@ void XMLCALL RecordsetFileReader::Impl::OnEnd(void* data, const XML_Char* /*name
     });
 }
 
+// The entities of a document type could swell a small file to any size.
 void XMLCALL RecordsetFileReader::Impl::OnDoctype(void* data, const XML_Char* /*name*/,
                                                   const XML_Char* /*systemId*/,
                                                   const XML_Char* /*publicId*/,
@@ -244,4 +245,4 @@ long RecordsetFileReader::BytesRead() const {
     return impl_->BytesRead();
 }
 
-}  // namespace platform
+}  // namespace platform::recordset_file

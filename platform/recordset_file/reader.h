@@ -9,7 +9,7 @@
 
 #include "platform/value.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 // Opening reads up to the end of the schema, so that the fields are known. A missing file is error
 // 53; everything that is wrong with the file's content is error 321, whose description names the
@@ -40,4 +40,4 @@ class RecordsetFileReader {
     std::unique_ptr<Impl> impl_;
 };
 
-}  // namespace platform
+}  // namespace platform::recordset_file

@@ -8,7 +8,7 @@
 #include "platform/error.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 namespace {
 
@@ -105,6 +105,7 @@ void RowAssembler::Read(const char* const* attributes, Side& side) {
         const Column& column = columns_[place];
         if (column.field == kNone) continue;
         current_ = place;
+        // In two spellings of case: what is spelled alike the parser has refused.
         if (side.mentioned[column.field]) Refuse("the column has two values.");
         ReadValue(column.type, attributes[1], side.values[column.field]);
         side.mentioned[column.field] = 1;
@@ -159,4 +160,4 @@ std::size_t RowAssembler::FindAnyCase(std::string_view name) const {
     return found == byName_.end() ? kNone : found->second;
 }
 
-}  // namespace platform
+}  // namespace platform::recordset_file

@@ -11,7 +11,7 @@
 #include "platform/recordset_file/schema.h"
 #include "platform/value.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 class RowAssembler {
   public:
@@ -69,4 +69,4 @@ class RowAssembler {
     std::size_t current_ = kNone;
 };
 
-}  // namespace platform
+}  // namespace platform::recordset_file

@@ -8,7 +8,7 @@
 #include "platform/error.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 namespace {
 
@@ -186,4 +186,4 @@ RecordsetSchema SchemaBuilder::Finish() {
     return schema;
 }
 
-}  // namespace platform
+}  // namespace platform::recordset_file

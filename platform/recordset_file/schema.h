@@ -11,7 +11,7 @@
 #include "platform/recordset_file/typed_value.h"
 #include "platform/recordset_file/xml_names.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 // A guard against hostile files; the databases that save recordsets allow a few hundred.
 inline constexpr std::size_t kMaxColumns = 2000;
@@ -74,4 +74,4 @@ class SchemaBuilder {
     std::size_t columnCount_ = 0;
 };
 
-}  // namespace platform
+}  // namespace platform::recordset_file

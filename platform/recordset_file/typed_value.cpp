@@ -10,7 +10,7 @@
 #include "platform/error.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 namespace {
 
@@ -113,6 +113,7 @@ void ReadFloating(std::string_view text, double bound, Value& value) {
     value = Value(number);
 }
 
+// Writers spell it as a word, databases as -1 or 1.
 void ReadBoolean(std::string_view text, Value& value) {
     if (text == "True" || text == "1" || text == "-1" || EqualsIgnoreCase(text, "true")) {
         value = Value(true);
@@ -241,4 +242,4 @@ std::string Quoted(std::string_view text) {
     return '"' + shown + '"';
 }
 
-}  // namespace platform
+}  // namespace platform::recordset_file

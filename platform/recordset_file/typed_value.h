@@ -7,7 +7,7 @@
 
 #include "platform/value.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 enum class FieldType {
     Text,
@@ -42,4 +42,4 @@ void ReadValue(FieldType type, std::string_view text, Value& value);
 // The text in quotation marks for a description, cut where it is long.
 [[nodiscard]] std::string Quoted(std::string_view text);
 
-}  // namespace platform
+}  // namespace platform::recordset_file

@@ -5,12 +5,12 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <utility>
 
+#include "platform/date_text.h"
 #include "platform/recordset_file/typed_value.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 namespace {
 
@@ -40,12 +40,6 @@ void AppendNumber(Number number, std::string& out) {
     char digits[32];
     const auto result = std::to_chars(digits, digits + sizeof digits, number);
     out.append(digits, result.ptr);
-}
-
-void AppendPadded(int number, std::size_t width, std::string& out) {
-    const std::size_t start = out.size();
-    AppendNumber(number, out);
-    out.insert(start, width - (out.size() - start), '0');
 }
 
 Refusal AppendWhole(const Value& value, std::int64_t least, std::int64_t greatest,
@@ -95,16 +89,7 @@ Refusal AppendBoolean(const Value& value, std::string& out) {
 Refusal AppendDate(const Value& value, std::string& out) {
     const DateTime* moment = value.AsDate();
     if (moment == nullptr || !IsValid(*moment)) return "is no date";
-    AppendPadded(moment->year, 4, out);
-    const std::pair<char, int> parts[] = {{'-', moment->month},
-                                          {'-', moment->day},
-                                          {'T', moment->hour},
-                                          {':', moment->minute},
-                                          {':', moment->second}};
-    for (const auto& [mark, number] : parts) {
-        out += mark;
-        AppendPadded(number, 2, out);
-    }
+    out += IsoDateTime(*moment, 'T');
     return {};
 }
 
@@ -154,4 +139,4 @@ Refusal AppendValue(const Value& value, const RecordsetColumn& column, std::stri
     return "has a type that the writer does not know";
 }
 
-}  // namespace platform
+}  // namespace platform::recordset_file

@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/recordset_file/writer.h"
+#include "platform/recordset_file/recordset_column.h"
 #include "platform/value.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 // Why a value can not be written; nothing where it was.
 using Refusal = std::optional<std::string_view>;
@@ -21,4 +21,4 @@ using Refusal = std::optional<std::string_view>;
 // Appends a text with references for what an attribute can not hold as it is.
 [[nodiscard]] Refusal AppendAttributeText(std::string_view text, std::string& out);
 
-}  // namespace platform
+}  // namespace platform::recordset_file

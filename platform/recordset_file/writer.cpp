@@ -11,7 +11,7 @@
 #include "platform/recordset_file/xml_names.h"
 #include "platform/text.h"
 
-namespace platform {
+namespace platform::recordset_file {
 
 namespace {
 
@@ -121,6 +121,7 @@ RecordsetFileWriter::Impl::Impl(std::string_view fileName, std::vector<Recordset
     AppendSchema();
     file_.reset(std::fopen(ResolvePath(fileName).c_str(), "wb"));
     if (!file_) throw ErrorOfCreating(errno, "create", ResolvePath(fileName));
+    // Rows are collected in a buffer of our own.
     std::setvbuf(file_.get(), nullptr, _IONBF, 0);
     Flush();
 }
@@ -168,6 +169,7 @@ void RecordsetFileWriter::Impl::Write(const std::vector<Value>& row) {
     try {
         AppendRow(row);
     } catch (...) {
+        // A refused row leaves nothing behind: the caller may go on with another.
         buffer_.resize(start);
         throw;
     }
@@ -229,4 +231,4 @@ void RecordsetFileWriter::Finish() {
     impl_->Finish();
 }
 
-}  // namespace platform
+}  // namespace platform::recordset_file

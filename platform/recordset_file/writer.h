@@ -7,18 +7,10 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/recordset_file/recordset_column.h"
 #include "platform/value.h"
 
-namespace platform {
-
-enum class ColumnType { SmallInt, Integer, Double, Currency, Boolean, Date, Text };
-
-struct RecordsetColumn {
-    std::string name;
-    ColumnType type = ColumnType::Text;
-    int maxLength = 255;  // characters, of a text column
-    bool nullable = true;
-};
+namespace platform::recordset_file {
 
 class RecordsetFileWriter {
   public:
@@ -39,4 +31,4 @@ class RecordsetFileWriter {
     std::unique_ptr<Impl> impl_;
 };
 
-}  // namespace platform
+}  // namespace platform::recordset_file

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-namespace platform {
+namespace platform::recordset_file {
 
 // No URI may contain it, so a name can not pretend to a namespace.
 inline constexpr char kNameSeparator = '\n';
@@ -27,4 +27,4 @@ struct XmlName {
     return {name.substr(0, separator), name.substr(separator + 1)};
 }
 
-}  // namespace platform
+}  // namespace platform::recordset_file

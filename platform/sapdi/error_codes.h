@@ -1,4 +1,4 @@
-// The error codes that the local company gives, under the numbers of the real one.
+// The error codes that connectors give of their own, under the numbers of the real company.
 #pragma once
 
 namespace platform::sapdi::error_code {

@@ -1,5 +1,5 @@
-// A document or journal entry on its way to or from its two tables: the columns of the head, the
-// lines, and the number that the company gives it. Knows no rules.
+// The content of a document or journal entry: its head, its lines, and the number that the company
+// gives it. Knows no rules, and nothing of how a company is reached.
 #pragma once
 
 #include <cstdint>
@@ -8,60 +8,50 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/sapdi/company_session.h"
+#include "platform/sapdi/business_objects.h"
 #include "platform/value.h"
 
 namespace platform::sapdi {
 
-struct HeadAndLinesTables {
+using Row = std::vector<Value>;  // a value for each column, null where none was set
+
+// The names under which the content is rendered: those of the company's tables and columns.
+struct HeadAndLinesNames {
     ObjectType type;
     std::string_view head;
     std::string_view lines;
-    std::string_view key;         // of the head; the lines name their head by it
-    std::string_view number;      // the last of the head's columns; equal to the key
-    std::string_view lineNumber;  // from 0
-    std::span<const std::string_view> headColumns;
+    std::span<const std::string_view> headColumns;  // the number is the last
     std::span<const std::string_view> lineColumns;
 };
 
 class HeadAndLines {
   public:
-    // A head without values and one line without values, which is current.
-    explicit HeadAndLines(const HeadAndLinesTables& tables);
+    // A head without values and one line without values, which is current. The names outlive it.
+    explicit HeadAndLines(const HeadAndLinesNames& names);
 
-    [[nodiscard]] Value& Head(std::size_t column) { return head_[column]; }
-    [[nodiscard]] const Value& Head(std::size_t column) const { return head_[column]; }
+    [[nodiscard]] const HeadAndLinesNames& Names() const { return names_; }
+    [[nodiscard]] Row& Head() { return head_; }
+    [[nodiscard]] const Row& Head() const { return head_; }
     [[nodiscard]] Row& CurrentLine() { return lines_[currentLine_]; }
     [[nodiscard]] const Row& CurrentLine() const { return lines_[currentLine_]; }
     [[nodiscard]] const std::vector<Row>& Lines() const { return lines_; }
 
     void AddLine();                           // and makes it current
-    void SetCurrentLine(std::int32_t place);  // error 9 where there is none
+    void SetCurrentLine(std::int32_t place);  // from 0; error 9 where there is none
 
-    // Saves the head and its first `lineCount` lines and gives the key; the number is the same.
-    [[nodiscard]] std::int32_t Insert(CompanySession& session, std::size_t lineCount) const;
+    // What was loaded takes the place of the content; without lines there is an empty one.
+    void Replace(Row head, std::vector<Row> lines);
 
-    // False, with the content as it was, where there is no head of that key.
-    bool Load(CompanySession& session, std::int32_t key);
-
-    [[nodiscard]] std::int32_t Number() const;  // 0 before it is saved
+    [[nodiscard]] std::int32_t Number() const;  // 0 before it is added
     void SetNumber(std::int32_t number);
 
     [[nodiscard]] std::string ToXml() const;
 
   private:
-    const HeadAndLinesTables& tables_;
+    const HeadAndLinesNames& names_;
     Row head_;
     std::vector<Row> lines_;
     std::size_t currentLine_ = 0;
 };
-
-// The text of a value, empty where it is none.
-[[nodiscard]] std::string_view TextOf(const Value& value);
-
-// Dates as the tables have them, YYYY-MM-DD; a value that is no such text is the date of an unset
-// DateTime.
-[[nodiscard]] std::string IsoDate(const DateTime& date);
-[[nodiscard]] DateTime DateOf(const Value& isoDate);
 
 }  // namespace platform::sapdi

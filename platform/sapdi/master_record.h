@@ -1,5 +1,5 @@
-// A partner or an item on its way to or from its table: the code, the other columns, and which of
-// them were set. Knows no rule but those about the code.
+// A partner's or item's own columns: the code, the other texts, and which of them were set. Knows
+// nothing of how a company is reached.
 #pragma once
 
 #include <span>
@@ -7,39 +7,32 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/sapdi/codes.h"
-#include "platform/sapdi/company_session.h"
+#include "platform/value.h"
 
 namespace platform::sapdi {
 
 class MasterRecord {
   public:
-    // `columns` begins with the code; both live as long as the record.
-    MasterRecord(const CodeTable& codes, std::span<const std::string_view> columns);
+    // `columns` begins with the code and outlives the record.
+    explicit MasterRecord(std::span<const std::string_view> columns);
 
     void Set(std::size_t column, std::string_view text);
-    [[nodiscard]] std::string Code() const;
+    [[nodiscard]] std::string Code() const;  // empty before it is set
 
-    // A new row; what was never set is null. Error -2035 where the code exists, -5002 where it is
-    // blank.
-    void Insert(CompanySession& session) const;
+    [[nodiscard]] std::span<const std::string_view> Columns() const { return columns_; }
+    [[nodiscard]] const std::vector<Value>& Values() const { return values_; }
+    [[nodiscard]] bool WasSet(std::size_t column) const { return wasSet_[column]; }
 
-    // Changes what was set since it was loaded. Gives the code as the company has it; error -5002
-    // where it is blank, -2028 where the company does not have it.
-    std::string Update(CompanySession& session) const;
+    // What was loaded takes the place of all values; none of them counts as set.
+    void Replace(std::vector<Value> values);
 
-    // False, with the record as it was, where the company does not have the code.
-    bool Load(CompanySession& session, std::string_view code);
-
+    // The company has what was set.
     void MarkSaved();
 
   private:
-    void RequireNotBlank() const;
-
-    const CodeTable& codes_;
     std::span<const std::string_view> columns_;
-    Row values_;
-    std::vector<bool> changed_;
+    std::vector<Value> values_;
+    std::vector<bool> wasSet_;
 };
 
 }  // namespace platform::sapdi

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "platform/code_page.h"
-#include "tests/support/expect_error.h"
-#include "tests/support/fixed_clock.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/platform/fixed_clock.h"
+#include "tests/support/platform/temp_folder.h"
 
 namespace {
 

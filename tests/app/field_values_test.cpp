@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
 
 using platform::Value;
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/error.h"
-#include "tests/support/expect_error.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/platform/temp_folder.h"
 
 using app::INIClass;
 using app::TextArray;
@@ -13,7 +13,7 @@ namespace {
 
 class IniClass : public testing::Test {
   protected:
-    IniClass() { iniFile.SetFileName(folder.File("Kassovia.ini")); }
+    IniClass() { iniFile.FileName(folder.File("Kassovia.ini")); }
 
     support::TempFolder folder;
     platform::ProfileFiles profileFiles;
@@ -34,7 +34,7 @@ TEST_F(IniClass, AMissingOrEmptyValueLeavesThePriorOne) {
     EXPECT_TRUE(iniFile.ReadValue("general", "POINTID", value));
     EXPECT_EQ(value, "Kasse Æ");
 
-    iniFile.SetFileName("");
+    iniFile.FileName("");
     EXPECT_FALSE(iniFile.ReadValue("General", "PointID", value));
     EXPECT_EQ(iniFile.LastErrorDescription(), "No filename specified");
 }

@@ -1,23 +1,22 @@
-// Whole days: each folder beside this file is a shop before a run, the operator's answers, and what
-// the run must leave. Everything is kept in UTF-8 with plain line ends so that a bookkeeper can
-// read it; on its way into the shop and out of it a file is turned into the system's own encoding.
+// Whole days: each folder beside this file but `usual` is a day of the usual shop, with the
+// operator's answers and what the run must leave. usual/about.txt says how to read it.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
 #include <sstream>
 
 #include "app/start_up.h"
-#include "demo/sales_tables.h"
-#include "demo/store_database.h"
-#include "platform/code_page.h"
+#include "localcompany/local_company.h"
 #include "platform/database/sqlite_engine.h"
-#include "platform/norwegian.h"
-#include "platform/sapdi/local_company.h"
 #include "platform/text.h"
-#include "tests/support/fixed_clock.h"
-#include "tests/support/temp_folder.h"
+#include "tests/days/shop.h"
+#include "tests/days/texts.h"
+#include "tests/support/platform/fixed_clock.h"
+#include "tests/support/platform/temp_folder.h"
 
 namespace fs = std::filesystem;
 
@@ -25,41 +24,33 @@ namespace {
 
 const fs::path kDays = fs::absolute("days");
 
-std::string ReadFile(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string WithCrLf(const std::string& text) {
-    std::string result;
-    for (const char c : text) {
-        if (c == '\n') result += '\r';
-        result += c;
-    }
-    return result;
-}
-
-// The operator of the day: answers in order, and writes down everything that happens.
+// Answers from a table of questions and answers, in its order, and writes down all there is to see.
 class Bookkeeper : public platform::Operator {
   public:
-    explicit Bookkeeper(const fs::path& answers) : answers_(answers) {}
+    explicit Bookkeeper(fs::path answers) : file_(std::move(answers)) {}
+
+    void ExpectNoAnswersLeft() const {
+        if (next_ < answers_.size()) ADD_FAILURE_AT(file_.c_str(), NextLine()) << "not asked";
+    }
 
     void Show(const platform::Notice& notice) override { log << "[OK] " << notice.text << '\n'; }
 
     platform::Answer Ask(const platform::Question& question) override {
-        std::string answer = "(ikke ventet)";
-        std::getline(answers_, answer);
+        const std::string answer = AnswerTo(question.text);
         log << '[' << answer << "] " << question.text << '\n';
         return answer == "ja" ? platform::Answer::Yes : platform::Answer::No;
     }
 
     std::string Prompt(const platform::InputRequest& request) override {
-        log << "[?] " << request.text << '\n';
-        return {};
+        const std::string answer = AnswerTo(request.text);
+        log << '[' << (request.isPassword ? "passord" : answer) << "] " << request.text << '\n';
+        return answer;
     }
 
     void ShowStatusLine(std::string_view line) override { log << line << '\n'; }
-    void DayEndCommandStarted(std::string_view line) override { log << "$ " << line << '\n'; }
+    void DayEndCommandStarted(std::string_view command) override {
+        log << "[startet] " << command << '\n';
+    }
     void ReportFatal(const platform::RuntimeError& error) override {
         log << "Run-time error '" << error.Number() << "'\n";
     }
@@ -67,118 +58,131 @@ class Bookkeeper : public platform::Operator {
     std::ostringstream log;
 
   private:
-    std::ifstream answers_;
+    // The next answer, which must be to a question that ends as this one does.
+    std::string AnswerTo(const std::string& question) {
+        const days::Row row = next_ < answers_.size() ? answers_[next_] : days::Row();
+        const std::string expected = days::TextIn(row, "Question");
+        if (expected.empty() || !question.ends_with(expected))
+            ADD_FAILURE_AT(file_.c_str(), NextLine()) << "asked, but not answered: " << question;
+        ++next_;
+        return days::TextIn(row, "Answer");
+    }
+
+    [[nodiscard]] int NextLine() const { return static_cast<int>(next_) + 2; }
+
+    fs::path file_;
+    std::vector<days::Row> answers_ = days::ReadTable(file_).rows;
+    std::size_t next_ = 0;
 };
 
-class NoProcesses : public platform::ProcessStarter {
+class StartsEverything : public platform::ProcessStarter {
   public:
-    bool Start(std::string_view /*commandLine*/) override { return false; }
+    bool Start(std::string_view /*commandLine*/) override { return true; }
 };
 
-class Day : public testing::TestWithParam<std::string> {
-  protected:
-    void LayOutShop() const {
-        for (const auto& entry : fs::recursive_directory_iterator(day / "before")) {
-            const fs::path name = entry.path().lexically_relative(day / "before");
-            if (entry.is_directory()) {
-                fs::create_directories(shop.Path() / name);
-                continue;
-            }
-            std::string content = ReadFile(entry.path());
-            const bool isDataSet = platform::EqualsIgnoreCase(name.extension().string(), ".xml");
-            if (!isDataSet) content = platform::EncodeWindows1252(WithCrLf(content));
-            shop.Write(name.string(), content);
-        }
-        fs::create_directories(shop.Path() / "data");
-        platform::SqliteEngine engine;
-        demo::CreateSalesTables(*engine.CreateDatabase(shop.File("data/KVDayEndServer.mdb")));
-        const auto store = engine.CreateDatabase(shop.File("data/Kassovia.mdb"));
-        demo::CreateStoreTables(*store);
-        std::istringstream statements(ReadFile(day / "store.sql"));
-        for (std::string sql; std::getline(statements, sql, ';');) {
-            if (sql.find_first_not_of(" \n") != std::string::npos) store->Execute(sql);
-        }
+// Runs every waiting data set.
+void RunDay(const fs::path& folder, platform::Operator& bookkeeper) {
+    support::FixedClock clock;
+    StartsEverything starter;
+    platform::ProfileFiles profileFiles;
+    platform::database::SqliteEngine engine;
+    localcompany::LocalConnector connector(engine, folder.string());
+    app::StartUp server(folder.string(),
+                        {bookkeeper, clock, starter, profileFiles, engine, connector});
+    try {
+        EXPECT_EQ(server.Main(), app::AfterStartUp::Run);
+        for (ui::ListEntry& entry : server.Window().ListDayEnd)
+            entry.isSelected = true;
+        server.Driver().StartDayEnd();
+    } catch (const platform::RuntimeError& error) {
+        bookkeeper.ReportFatal(error);
     }
+}
 
-    // Runs every waiting data set, and gives the log with what the store database then holds.
-    std::string RunDay() const {
-        Bookkeeper bookkeeper(day / "answers.txt");
-        support::FixedClock clock;
-        NoProcesses noProcesses;
-        platform::ProfileFiles profileFiles;
-        platform::SqliteEngine engine;
-        platform::sapdi::LocalConnector connector(engine, shop.Path().string());
-        app::StartUp server(shop.Path().string(),
-                            {bookkeeper, clock, noProcesses, profileFiles, engine, connector});
-        try {
-            EXPECT_EQ(server.Main(), app::AfterStartUp::Run);
-            for (ui::ListEntry& entry : server.Window().ListDayEnd)
-                entry.isSelected = true;
-            server.Driver().StartDayEnd();
-        } catch (const platform::RuntimeError& error) {
-            bookkeeper.ReportFatal(error);
-        }
-        const auto ask = [&](const std::string& what, const std::string& sql) {
-            bookkeeper.log << what << ':';
-            const auto rows = engine.OpenDatabase(shop.File("data/Kassovia.mdb"))->OpenQuery(sql);
-            for (; !rows->IsEof(); rows->MoveNext()) {
-                bookkeeper.log << ' ' << platform::ToText(rows->Get(0));
-            }
-            bookkeeper.log << '\n';
-        };
-        ask("Neste bilagsnummer", "SELECT NextVoucherNo FROM Options");
-        ask("Endret i butikken",
-            "SELECT ID FROM Customers WHERE Status <> 0 UNION ALL "
-            "SELECT ID FROM Products WHERE Status <> 0");
-        return bookkeeper.log.str();
+// By name: the import files and their working copies, and the names of all files but settings and
+// databases.
+std::map<std::string, std::string> FilesIn(const fs::path& folder) {
+    std::map<std::string, std::string> files;
+    std::set<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        const std::string name = entry.path().filename().string();
+        const std::string kind = platform::Upper(entry.path().extension().string());
+        if (kind == ".TXT" || kind == ".EDI" || kind == ".TMP")
+            files[name] = days::InReadingForm(days::ReadBytes(entry.path()));
+        if (entry.is_regular_file() && kind != ".INI" && kind != ".COMPANY")
+            names.insert(name + "\n");
     }
+    for (const std::string& name : names)
+        files["files.txt"] += name;
+    return files;
+}
 
-    // The files of the shop but its settings and databases, one name a line.
-    [[nodiscard]] std::string Files() const {
-        std::vector<std::string> names;
-        for (const auto& entry : fs::recursive_directory_iterator(shop.Path())) {
-            const std::string name = entry.path().lexically_relative(shop.Path()).string();
-            const std::string extension = entry.path().extension();
-            if (entry.is_regular_file() && extension != ".mdb" && extension != ".ini") {
-                names.push_back(name);
-            }
-        }
-        std::sort(names.begin(), names.end());
-        std::string list;
-        for (const std::string& name : names)
-            list += name + "\n";
-        return list;
-    }
+// One more, empty, where the last line has its end. Of a table the blanks around cells do not
+// count.
+std::vector<std::string> LinesOf(std::string text, bool isTable) {
+    if (isTable) text = std::regex_replace(text, std::regex(" *([|\n]) *"), "$1");
+    std::vector<std::string> lines;
+    std::istringstream rest(text + "\n");
+    for (std::string line; std::getline(rest, line);)
+        lines.push_back(line);
+    return lines;
+}
 
-    fs::path day = kDays / GetParam();
-    support::TempFolder shop;
-};
+void ExpectSame(const fs::path& file, const std::string& found) {
+    const bool isTable = file.filename() == "company.txt";
+    const std::string text = fs::exists(file) ? days::ReadBytes(file) : "(no such file)";
+    std::vector<std::string> expected = LinesOf(text, isTable);
+    std::vector<std::string> lines = LinesOf(found, isTable);
+    const std::size_t count = std::max(expected.size(), lines.size());
+    expected.resize(count, "(no such line)");
+    lines.resize(count, "(no such line)");
+    const auto place = std::ranges::mismatch(expected, lines);
+    if (place.in1 == expected.end()) return;
+    ADD_FAILURE_AT(file.c_str(), static_cast<int>(place.in1 - expected.begin()) + 1)
+        << "expected: " << *place.in1 << "\n   found: " << *place.in2;
+}
+
+// Each text must be a file of the folder, and each of its files a text.
+void ExpectFiles(const fs::path& folder, std::map<std::string, std::string> found) {
+    for (const auto& entry : fs::directory_iterator(folder))
+        found.try_emplace(entry.path().filename(), "(no such file)");
+    for (const auto& [name, text] : found)
+        ExpectSame(folder / name, text);
+}
 
 std::vector<std::string> DayNames() {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(kDays)) {
-        if (entry.is_directory()) names.push_back(entry.path().filename().string());
+        if (entry.is_directory() && entry.path().filename() != "usual")
+            names.push_back(entry.path().filename().string());
     }
-    std::sort(names.begin(), names.end());
+    std::ranges::sort(names);
     return names;
 }
 
 }  // namespace
 
+class Day : public testing::TestWithParam<std::string> {};
+
 TEST_P(Day, LeavesWhatIsExpected) {
-    LayOutShop();
-    EXPECT_EQ(RunDay(), ReadFile(day / "expected/log.txt"));
-    EXPECT_EQ(Files(), ReadFile(day / "expected/files.txt"));
-    for (const auto& entry : fs::directory_iterator(day / "expected")) {
-        const std::string name = entry.path().filename().string();
-        if (name == "log.txt" || name == "files.txt") continue;
-        EXPECT_EQ(platform::DecodeWindows1252(shop.Read(name)), WithCrLf(ReadFile(entry.path())))
-            << name;
-    }
+    const fs::path day = kDays / GetParam();
+    const support::TempFolder shop;
+    days::LayOutShop(kDays, GetParam(), shop.Path());
+    const std::string companyBefore = days::CompanyText(shop.Path());
+    Bookkeeper bookkeeper(day / "answers.txt");
+
+    RunDay(shop.Path(), bookkeeper);
+
+    bookkeeper.ExpectNoAnswersLeft();
+    std::map<std::string, std::string> found = FilesIn(shop.Path());
+    found["log.txt"] = bookkeeper.log.str() + days::StoreText(shop.Path());
+    if (days::CompanyText(shop.Path()) != companyBefore || fs::exists(day / "expected/company.txt"))
+        found["company.txt"] = days::CompanyText(shop.Path(), companyBefore);
+    ExpectFiles(day / "expected", found);
 }
 
 INSTANTIATE_TEST_SUITE_P(Days, Day, testing::ValuesIn(DayNames()), [](const auto& test) {
     std::string name = test.param;
-    std::replace(name.begin(), name.end(), '-', '_');
+    std::ranges::replace(name, '-', '_');
     return name;
 });

@@ -15,7 +15,7 @@
 #include "platform/database/sqlite_engine.h"
 #include "platform/norwegian.h"
 #include "platform/recordset_file/persist_connection.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/temp_folder.h"
 
 namespace {
 
@@ -51,11 +51,10 @@ std::vector<demo::Receipt> ReceiptsOf(const demo::Shop& shop, std::int64_t sales
 }
 
 std::vector<int> FirstColumn(const std::string& file, std::string_view sql) {
-    const auto database = platform::SqliteEngine().OpenDatabase(file);
+    const auto database = platform::database::SqliteEngine().OpenDatabase(file);
     std::vector<int> numbers;
-    for (const auto rows = database->OpenQuery(sql); !rows->IsEof(); rows->MoveNext()) {
-        numbers.push_back(ToInt32(rows->Get(0)));
-    }
+    for (const platform::database::Row& row : database->Prepare(sql)->Run({}))
+        numbers.push_back(ToInt32(row.front()));
     return numbers;
 }
 
@@ -131,9 +130,9 @@ TEST(DemoShop, FilesAndTablesHoldWhatWasAskedFor) {
     options.changedProducts = 7;
     demo::MakeDemoShop(options);
 
-    const platform::PersistConnection files("Provider=MSPersist;");
-    const auto lines = files.OpenRecordset(folder.File("Kasse2DayEndSalesLines.XML"));
-    EXPECT_EQ(lines->RecordCount(), 90);
+    const platform::recordset_file::PersistConnection files("Provider=MSPersist;");
+    const auto lines = files.LoadRows(folder.File("Kasse2DayEndSalesLines.XML"));
+    ASSERT_EQ(lines->rows.size(), 90U);
     EXPECT_EQ(files.OpenRecordset(folder.File("Kasse2DayEndSales.XML"))->RecordCount(), 25);
 
     const std::string store = folder.File("data/Kassovia.mdb");
@@ -147,26 +146,28 @@ TEST(DemoShop, FilesAndTablesHoldWhatWasAskedFor) {
               FirstColumn(store, "SELECT count(*) FROM Products"));
 
     // The import copies by position, so the work tables have the columns of the files.
-    const auto work = platform::SqliteEngine().OpenDatabase(folder.File("data/KVDayEndServer.mdb"));
+    const auto work =
+        platform::database::SqliteEngine().OpenDatabase(folder.File("data/KVDayEndServer.mdb"));
     const auto table = work->OpenAppender("SalesLines");
-    ASSERT_EQ(table->FieldCount(), lines->FieldCount());
+    ASSERT_EQ(static_cast<std::size_t>(table->FieldCount()), lines->fields.size());
     for (int i = 0; i < table->FieldCount(); ++i) {
-        EXPECT_NO_THROW(table->Set(i, lines->Get(table->FieldName(i)))) << table->FieldName(i);
+        const auto place = static_cast<std::size_t>(i);
+        EXPECT_EQ(table->FieldName(i), lines->fields[place]);
+        EXPECT_NO_THROW(table->Set(i, lines->rows.front()[place])) << table->FieldName(i);
     }
     EXPECT_NE(folder.Read("Kassovia.ini").find("=B\xF8 Landhandel\r\n"), std::string::npos);
 }
 
-TEST(DemoShop, TheSapTransferFindsNothingThatItCouldNotTake) {
+TEST(DemoShop, ReceiptsOfASapShopHoldNothingThatTheTransferCouldNotTake) {
     const TempFolder folder;
     demo::ShopOptions options = Options(folder);
     options.sap = true;
     options.sales = 200;
     demo::MakeDemoShop(options);
-
     std::set<std::string> known;
     for (const demo::Product& product : demo::MakeShop(options).products)
         known.insert(product.id);
-    const auto lines = platform::PersistConnection("Provider=MSPersist;")
+    const auto lines = platform::recordset_file::PersistConnection("Provider=MSPersist;")
                            .OpenRecordset(folder.File("Kasse1DayEndSalesLines.XML"));
     std::set<int> withGoods;
     std::set<int> withPaidInvoice;
@@ -181,13 +182,20 @@ TEST(DemoShop, TheSapTransferFindsNothingThatItCouldNotTake) {
     EXPECT_FALSE(withPaidInvoice.empty());
     for (const int sale : withPaidInvoice)
         EXPECT_TRUE(withGoods.contains(sale)) << sale;
+}
 
+TEST(DemoShop, TheCompanyHasWhatAnEarlierTransferBrought) {
+    const TempFolder folder;
+    demo::ShopOptions options = Options(folder);
+    options.sap = true;
+    demo::MakeDemoShop(options);
     const std::string company = folder.File("Demo.company");
     EXPECT_EQ(FirstColumn(company, "SELECT count(*) FROM OCRD WHERE CardCode = '10000'"),
               std::vector<int>{1})
         << "the anonymous customer";
-    const auto store = platform::SqliteEngine().OpenDatabase(folder.File("data/Kassovia.mdb"));
-    const auto companyDatabase = platform::SqliteEngine().OpenDatabase(company);
+    const auto store =
+        platform::database::SqliteEngine().OpenDatabase(folder.File("data/Kassovia.mdb"));
+    const auto companyDatabase = platform::database::SqliteEngine().OpenDatabase(company);
     for (const auto rows = store->OpenQuery("SELECT ID, Status FROM Products"); !rows->IsEof();
          rows->MoveNext()) {
         const std::string id = *rows->Get("ID").AsText();

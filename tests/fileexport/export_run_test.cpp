@@ -5,8 +5,8 @@
 #include <map>
 #include <sstream>
 
-#include "tests/support/expect_error.h"
-#include "tests/support/test_shop.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/ui/test_shop.h"
 
 using platform::Answer;
 using support::ExpectError;
@@ -20,7 +20,7 @@ class Export : public testing::Test {
 
     void RunExport(const std::string& dataSet, std::initializer_list<Answer> answers) {
         shop.theOperator.answers = answers;
-        EXPECT_FALSE(exportRun.ExportDataSet(dataSet));
+        EXPECT_FALSE(exportRun.ExportDataSet(store::DataSet(dataSet)));
     }
 
     // How many of each kind of line an import file holds.
@@ -56,6 +56,7 @@ TEST_F(Export, YesPlacesBothFilesAndMarksTheDataSet) {
     EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML.200511161433.ferdig"));
     EXPECT_TRUE(shop.folder.Has("KDayEndSalesLines.XML.200511161433.ferdig"));
     EXPECT_FALSE(shop.folder.Has("KDayEndSales.XML"));
+    EXPECT_TRUE(shop.runState.SalesRecordset) << "open until the next data set replaces it";
 }
 
 TEST_F(Export, AnExistingVoucherFileIsKeptOrReplacedAnOrderFileAlwaysExtended) {
@@ -90,7 +91,7 @@ TEST_F(Export, NoLeavesTheConfiguredFilesAndTheNextDataSetFails) {
     EXPECT_EQ(shop.AskStore("SELECT NextVoucherNo FROM Options"), "501");
 
     shop.theOperator.answers = {kYes};
-    ExpectError(55, [&] { exportRun.ExportDataSet("K"); });
+    ExpectError(55, [&] { exportRun.ExportDataSet(store::DataSet("K")); });
     EXPECT_TRUE(shop.folder.Has("bilag.txt.tmp"));
     EXPECT_EQ(shop.folder.Read("bilag.txt"), "gammel\r\n");
 }
@@ -105,6 +106,7 @@ TEST_F(Export, MissingFilesAreToldAndNothingIsTouched) {
                   "Finner ikke filen med salgslinjer. Avslutter behandling av datasett.",
                   "Finner ikke filen med salg. Avslutter behandling av datasett."}));
     EXPECT_FALSE(shop.runState.PersistConnection);
+    EXPECT_FALSE(shop.runState.DataSetHasErrors);
 }
 
 TEST_F(Export, ADayWithoutSalesChangesNoFile) {
@@ -119,7 +121,7 @@ TEST_F(Export, AFolderThatIsNotThereIsAnErrorThatNamesIt) {
     shop.settings.EDIFileName = "ingen\\ordre.edi";
     shop.folder.Write("bilag.txt", "gammel\r\n");
     shop.settings.Overwrite = "1";
-    const std::string text = ExpectError(76, [&] { exportRun.ExportDataSet("K"); });
+    const std::string text = ExpectError(76, [&] { exportRun.ExportDataSet(store::DataSet("K")); });
     EXPECT_NE(text.find("ingen"), std::string::npos) << text;
     EXPECT_EQ(shop.folder.Read("bilag.txt"), "gammel\r\n");
     EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
@@ -133,7 +135,8 @@ TEST_F(Export, NothingIsPlacedWhereOneOfTheFilesCanNotBe) {
         fileexport::ExportRun placing(shop.settings, shop.databases, shop.runState, shop.window,
                                       shop.theOperator, shop.clock, shop.textFiles);
         const std::string voucherNo = shop.AskStore("SELECT NextVoucherNo FROM Options");
-        ExpectError(75, [&] { placing.ExportDataSet("K"); });  // and nobody is asked
+        ExpectError(75,
+                    [&] { placing.ExportDataSet(store::DataSet("K")); });  // and nobody is asked
         EXPECT_EQ(shop.folder.Read("ordre.edi"), "gammel\r\n");
         EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
         EXPECT_EQ(shop.AskStore("SELECT NextVoucherNo FROM Options"), voucherNo);
@@ -145,7 +148,7 @@ TEST_F(Export, ErrorsNameWhereTheyHappened) {
         shop.WriteDataSet("K", {sale}, {{}, line});
         fileexport::ExportRun failing(shop.settings, shop.databases, shop.runState, shop.window,
                                       shop.theOperator, shop.clock, shop.textFiles);
-        return ExpectError(number, [&] { failing.ExportDataSet("K"); });
+        return ExpectError(number, [&] { failing.ExportDataSet(store::DataSet("K")); });
     };
     const auto expect = [](const std::string& message, std::initializer_list<const char*> words) {
         for (const char* word : words) {
@@ -170,7 +173,7 @@ TEST_F(Export, WhatIsCollectedIsWrittenAlsoAfterAnError) {
     {
         fileexport::ExportRun failing(shop.settings, shop.databases, shop.runState, shop.window,
                                       shop.theOperator, shop.clock, shop.textFiles);
-        ExpectError(3704, [&] { failing.ExportDataSet("K"); });
+        ExpectError(3704, [&] { failing.ExportDataSet(store::DataSet("K")); });
     }
     EXPECT_NE(shop.Text("bilag.txt.tmp").find("@WaVo"), std::string::npos);
     EXPECT_EQ(Count("bilag.txt"), "none");

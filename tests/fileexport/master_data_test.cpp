@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/expect_error.h"
-#include "tests/support/test_shop.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/ui/test_shop.h"
 
 using support::TestShop;
 
@@ -11,7 +11,8 @@ namespace {
 
 std::string Written(TestShop& shop) {
     const auto file = shop.textFiles.OpenForOutput("bilag.txt");
-    fileexport::WriteMasterData(*file, shop.databases);
+    fileexport::WriteMasterData(*file, *shop.databases.StoreDatabase,
+                                store::Options(shop.databases.OptionsTable));
     file->Close();
     return shop.Text("bilag.txt");
 }

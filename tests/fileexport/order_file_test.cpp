@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/expect_error.h"
-#include "tests/support/test_shop.h"
+#include <limits>
+
+#include "fileexport/order_record.h"
+#include "platform/norwegian.h"
+
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/ui/test_shop.h"
 
 using support::Line;
 using support::Sale;
@@ -32,7 +37,12 @@ class OrderFile : public testing::Test {
         shop.runState.SalesRecordset =
             shop.runState.PersistConnection->OpenRecordset("KDayEndSales.XML");
         const auto file = shop.textFiles.OpenForOutput("ordre.edi");
-        fileexport::WriteOrderFileBody(*file, counter, "K", shop.runState, shop.databases);
+        const auto orderLines =
+            shop.runState.PersistConnection->OpenForwardOnly("KDayEndSalesLines.XML");
+        fileexport::WriteOrderFileBody(
+            *file, counter,
+            {*shop.runState.SalesRecordset, *orderLines,
+             store::Options(shop.databases.OptionsTable), shop.databases});
         file->Close();
         std::vector<std::string> written = Split(shop.Text("ordre.edi"), '\n');
         written.pop_back();
@@ -81,6 +91,7 @@ TEST_F(OrderFile, PositionsOfTheLine) {
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(Filled(lines[1], 66),
               "1=L|3=P1|4=Æsj|5= -2.00|6=100.00|7= 0.00 |13=12.35|17=|18=0|19=0|66=|");
+    (void)Filled(Write({{}}, {{.description = "a;b"}}).back(), 67);  // shifts what follows
 }
 
 TEST_F(OrderFile, EveryHeadIsFollowedByAllLines) {
@@ -99,7 +110,6 @@ TEST_F(OrderFile, EveryHeadIsFollowedByAllLines) {
     EXPECT_EQ(shape, "H1 41 ABH3 11 ABH6 13 AB");
     EXPECT_EQ(counter, 3);
     EXPECT_TRUE(shop.runState.SalesRecordset->IsEof());
-    support::ExpectError(3704, [&] { shop.runState.SalesLinesRecordset->Close(); });
 }
 
 TEST_F(OrderFile, NetPrices) {
@@ -116,4 +126,14 @@ TEST_F(OrderFile, NetPrices) {
     support::ExpectError(94, [&] { (void)net(10.0, 6); });
     shop.databases.TaxTable.Release();
     support::ExpectError(91, [&] { (void)net(10.0, 3); });
+}
+
+TEST(OrderRecord, AmountText) {
+    const std::pair<platform::Value, const char*> cases[] = {
+        {"1234,50", "1234.50"}, {platform::Value(), "0"}, {"", "0"},
+        {"12.50", "12.50"},     {"1,2,3", "0"},           {-2.5, "-2.50"},
+        {" 7 ", "7.00"},        {-0.001, "0.00"},         {std::numeric_limits<double>::max(), "0"},
+    };
+    for (const auto& [value, text] : cases)
+        EXPECT_EQ(fileexport::AmountText(platform::ToTwoDecimals(value)), text);
 }

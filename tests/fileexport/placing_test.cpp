@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
-#include "tests/support/expect_error.h"
-#include "tests/support/test_shop.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/ui/test_shop.h"
 
 using fileexport::FinishInterruptedDay;
 using support::ExpectError;
@@ -30,7 +30,9 @@ class Placing : public testing::Test {
         }
     }
 
-    void Place() { fileexport::PlaceDay({"K", "ordre.edi", "bilag.txt"}, shop.clock); }
+    void Place() {
+        fileexport::PlaceDay(store::DataSet("K"), {"ordre.edi", "bilag.txt"}, shop.clock);
+    }
 
     // A folder in the place of a name is what ends the placing there.
     void PlaceUpTo(const std::string& name) {
@@ -79,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(AtEveryName, PlacingInterrupted,
 
 TEST_P(PlacingInterrupted, IsFinishedOnce) {
     PlaceUpTo(GetParam());
-    EXPECT_EQ(FinishInterruptedDay(shop.clock), "K");
+    EXPECT_EQ(FinishInterruptedDay(shop.clock), store::DataSet("K"));
     ExpectPlaced();
     EXPECT_EQ(FinishInterruptedDay(shop.clock), std::nullopt);
 }
@@ -92,7 +94,7 @@ TEST_P(PlacingInterrupted, LeavesTheFilesOfALaterDay) {
     std::filesystem::last_write_time(
         "KDayEndSales.XML",
         std::filesystem::last_write_time("KDayEndSales.XML") + std::chrono::seconds(5));
-    EXPECT_EQ(FinishInterruptedDay(shop.clock), "K");
+    EXPECT_EQ(FinishInterruptedDay(shop.clock), store::DataSet("K"));
     EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
     EXPECT_EQ(shop.folder.Read("ordre.edi"), "new");
     EXPECT_EQ(shop.folder.Read("bilag.txt"), "new");
@@ -103,7 +105,7 @@ TEST_F(Placing, WhatTheAccountingPackageTookOfAPlacedDayStaysTaken) {
     std::filesystem::remove("ordre.edi");
     std::filesystem::remove("bilag.txt");
     shop.folder.Write("ordre.edi.tmp", "of another server");
-    EXPECT_EQ(FinishInterruptedDay(shop.clock), "K");
+    EXPECT_EQ(FinishInterruptedDay(shop.clock), store::DataSet("K"));
     EXPECT_FALSE(shop.folder.Has("ordre.edi"));
     EXPECT_FALSE(shop.folder.Has("bilag.txt"));
     EXPECT_TRUE(shop.folder.Has(kFinishedLines));

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/test_shop.h"
+#include "tests/support/ui/test_shop.h"
 
 using platform::Value;
 using support::TestShop;
@@ -47,26 +47,4 @@ TEST(RecordWriter, ARecordOfMoreThan200CharactersLosesTheRest) {
 TEST(RecordWriter, ValuesAreTrimmedButNotEscaped) {
     EXPECT_EQ(Written("  Bil \"A\"  "), Line("Bil \"A\"") + "\n");
     EXPECT_EQ(Written(" "), Line("") + "\n");
-}
-
-TEST(RecordWriter, AmountText) {
-    struct Case {
-        Value value;
-        const char* text;
-        Value left;  // in the caller's variable
-    };
-    const Case cases[] = {
-        {"1234,50", "1234.50", "1234.50"},
-        {Value(), "0", 0},
-        {"", "0", 0},
-        {"12.50", "12.50", "12.50"},
-        {"1,2,3", "0", 0},
-        {-2.5, "-2.5", "-2.5"},
-        {" 7 ", " 7 ", " 7 "},
-    };
-    for (const Case& each : cases) {
-        Value value = each.value;
-        EXPECT_EQ(fileexport::AmountText(value), each.text);
-        EXPECT_EQ(value, each.left);
-    }
 }

@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "store/import.h"
-#include "tests/support/expect_error.h"
-#include "tests/support/test_shop.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/ui/test_shop.h"
 
 using platform::Value;
 using support::ExpectError;
@@ -21,7 +21,7 @@ class VoucherFile : public testing::Test {
   protected:
     void Open(const std::vector<Sale>& sales, const std::vector<Line>& lines) {
         shop.WriteDataSet("K", sales, lines);
-        store::ImportDataSet("K", *shop.databases.WorkConnection);
+        store::ImportDataSet(store::DataSet("K"), *shop.databases.WorkConnection);
         ui::OpenPersistConnection(shop.runState);
         shop.runState.SalesRecordset =
             shop.runState.PersistConnection->OpenRecordset("KDayEndSales.XML");
@@ -29,7 +29,11 @@ class VoucherFile : public testing::Test {
 
     void Post() {
         const auto file = shop.textFiles.OpenForOutput("bilag.txt");
-        fileexport::Vouchers(*file, counter, shop.databases, shop.runState, shop.clock).Write();
+        fileexport::Vouchers(*file, counter,
+                             {*shop.databases.WorkConnection, *shop.runState.SalesRecordset,
+                              store::Options(shop.databases.OptionsTable), shop.clock,
+                              shop.runState.SalesLinesRecordset})
+            .Write();
     }
 
     // The postings of a data set in short: type, text, debit account/VAT, credit account/VAT,
@@ -95,6 +99,7 @@ TEST_F(VoucherFile, SalesByDateAccountAndVat) {
                         {.saleId = 1, .amount = 50.0, .vatCode = 31, .salesAccount = 0},
                         {.saleId = 1, .amount = -20.5, .vatCode = 0, .salesAccount = 3010},
                         {.saleId = 1, .amount = 99.0, .salesAccount = -1},
+                        {.saleId = 1, .amount = 99.0, .salesAccount = Value()},
                         {.saleId = 2, .amount = 7.0, .vatCode = Value()},
                         {.saleId = 3},
                         {.saleId = 4},
@@ -102,6 +107,11 @@ TEST_F(VoucherFile, SalesByDateAccountAndVat) {
               (Texts{"11 Salg D0/0 K3000/3 5 ", "11 Salg D0/0 K3000/3 7 ",
                      "11 Salg D0/0 K3000/31 50 ", "11 Salg D3010/3 K0/0 20,5 "}))
         << "null date first, the sum of 0.1, 0.2 and -0.3 is nothing";
+}
+
+TEST_F(VoucherFile, TheNumberAdvancesWithoutAnyPostingToo) {
+    EXPECT_EQ(Postings({{.status = 1}}, {{}}), Texts{});
+    EXPECT_EQ(shop.AskStore("SELECT NextVoucherNo FROM Options"), "501");
 }
 
 TEST_F(VoucherFile, RoundingOfReceiptsOnly) {
@@ -151,12 +161,15 @@ TEST_F(VoucherFile, CustomersAccountsByReceipt) {
 }
 
 TEST_F(VoucherFile, CreditToOrderLeavesOrdersOutOfTheSales) {
-    shop.InStore("UPDATE Options SET CreditToOrder = 1");
-    EXPECT_EQ(Postings({{.id = 1}, {.id = 2, .type = 2}},
-                       {{.saleId = 1, .amount = 10.0},
-                        {.saleId = 2, .amount = 20.0},
-                        {.saleId = 2, .transType = 10, .amount = -20.0}}),
-              (Texts{"11 Salg D0/0 K3000/3 10 ", "88 Kontanter D1900/0 K0/0 20 "}));
+    for (const auto& [creditToOrder, sales] : {std::pair{"1", "10"}, {"0", "30"}, {"NULL", "30"}}) {
+        shop.InStore(std::string("UPDATE Options SET CreditToOrder = ") + creditToOrder);
+        EXPECT_EQ(Postings({{.id = 1}, {.id = 2, .type = 2}},
+                           {{.saleId = 1, .amount = 10.0},
+                            {.saleId = 2, .amount = 20.0},
+                            {.saleId = 2, .transType = 10, .amount = -20.0}}),
+                  (Texts{std::string("11 Salg D0/0 K3000/3 ") + sales + " ",
+                         "88 Kontanter D1900/0 K0/0 20 "}));
+    }
 }
 
 TEST_F(VoucherFile, ASaleOfType0EndsTheExportWithTheSalesBeforeItMarked) {
@@ -165,8 +178,8 @@ TEST_F(VoucherFile, ASaleOfType0EndsTheExportWithTheSalesBeforeItMarked) {
     ExpectError(3704, [&] { Post(); });
     EXPECT_EQ(ReadPostings(), Texts{"11 Kredittsalg D0/0 K1001/0 5 BONG1"});
     EXPECT_EQ(shop.AskStore("SELECT NextVoucherNo FROM Options"), "500");
-    platform::Recordset& sales = *shop.runState.SalesRecordset;
-    EXPECT_EQ(sales.AbsolutePosition(), 2);
+    platform::database::ClientRecordset& sales = *shop.runState.SalesRecordset;
+    EXPECT_EQ(sales.Get("ID"), Value(2));
     EXPECT_EQ(sales.Get("SalesStatus"), Value(0));
     sales.MoveFirst();
     EXPECT_EQ(sales.Get("SalesStatus"), Value(1));

@@ -10,6 +10,7 @@
 #include <limits>
 #include <string>
 
+#include "platform/date_text.h"
 #include "platform/norwegian.h"
 #include "platform/text.h"
 #include "tests/fuzz/fuzz_target.h"
@@ -42,6 +43,12 @@ std::optional<double> ReferenceNumber(std::string_view text) {
     return number;
 }
 
+// Empty where the value is no amount.
+std::string CommaTextOf(const Value& value) {
+    const std::optional<TwoDecimals> rounded = ToTwoDecimals(value);
+    return rounded ? rounded->CommaText() : std::string();
+}
+
 void CheckText(std::string_view text) {
     const std::optional<double> number = ParseNumber(text);
     const Value value(text);
@@ -54,10 +61,10 @@ void CheckText(std::string_view text) {
     Require(ParseNumber(Replaced(text, ',', '.')) == ParseNumber(Replaced(text, '.', ',')),
             "comma and point are the same");
     if (!number) {
-        Require(FormatTwoDecimals(value) == text, "a text that is not numeric stays as it is");
+        Require(!ToTwoDecimals(value), "a text that is not numeric is no amount");
         return;
     }
-    Require(FormatTwoDecimals(value) == FormatTwoDecimals(*number),
+    Require(CommaTextOf(value) == CommaTextOf(*number),
             "a numeric text is formatted like its number");
 }
 
@@ -77,7 +84,7 @@ std::int64_t ReferenceHundredths(double number) {
 }
 
 void CheckTwoDecimals(double number) {
-    const std::string text = FormatTwoDecimals(number);
+    const std::string text = CommaTextOf(number);
     if (std::fabs(number) < 1e12) {
         const std::int64_t hundredths = ReferenceHundredths(number);
         const std::string sign = number < 0 && hundredths != 0 ? "-" : "";
@@ -85,7 +92,7 @@ void CheckTwoDecimals(double number) {
                             Digits(static_cast<int>(hundredths % 100), 2),
                 "two decimals, halves away from zero");
     }
-    Require(FormatTwoDecimals(text) == text, "what has two decimals keeps them");
+    Require(text.empty() || CommaTextOf(text) == text, "what has two decimals keeps them");
 }
 
 template <class Integer>
@@ -105,7 +112,7 @@ void CheckNumber(double number) {
     const std::string text = NumberText(number);
     if (!std::isfinite(number)) {
         Require(!ParseNumber(text), "what is no number has the text of none");
-        Require(ErrorNumberOf([&] { (void)FormatTwoDecimals(number); }) == error_number::kOverflow,
+        Require(ErrorNumberOf([&] { (void)ToTwoDecimals(number); }) == error_number::kOverflow,
                 "what is no number is no amount");
         return;
     }

@@ -12,7 +12,7 @@
 #include "platform/profile_file.h"
 #include "platform/text.h"
 #include "tests/fuzz/fuzz_target.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/temp_folder.h"
 
 using namespace platform;
 using fuzz::Require;

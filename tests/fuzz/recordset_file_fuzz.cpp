@@ -9,9 +9,10 @@
 #include "platform/recordset_file/reader.h"
 #include "platform/recordset_file/writer.h"
 #include "tests/fuzz/fuzz_target.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/temp_folder.h"
 
 using namespace platform;
+using namespace platform::recordset_file;
 using fuzz::Require;
 
 namespace {

@@ -4,8 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "tests/support/expect_error.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/platform/temp_folder.h"
 
 namespace platform {
 namespace {

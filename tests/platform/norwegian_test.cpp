@@ -1,4 +1,5 @@
 #include "platform/norwegian.h"
+#include "platform/date_text.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +8,7 @@
 #include <string>
 
 #include "platform/error.h"
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
 
 using namespace platform;
 using support::ExpectError;
@@ -73,24 +74,30 @@ TEST(Norwegian, IntegersRoundHalvesToEvenAndKnowTheirRange) {
     ExpectError(error_number::kInvalidUseOfNull, [] { (void)ToInt32(Value()); });
 }
 
-TEST(Norwegian, TwoDecimals) {
+TEST(TwoDecimals, RoundsHalvesAwayFromZero) {
     const std::pair<Value, const char*> cases[] = {
-        {1.005, "1,01"},     {2.675, "2,68"},
-        {-1.005, "-1,01"},   {0.0, "0,00"},
-        {-0.004, "0,00"},    {-0.005, "-0,01"},
-        {0.045, "0,05"},     {9.995, "10,00"},
-        {99.999, "100,00"},  {1234567.0, "1234567,00"},
-        {0.001, "0,00"},     {1e20, "100000000000000000000,00"},
-        {3, "3,00"},         {"12,345", "12,35"},
-        {true, "-1,00"},     {Value(), ""},
-        {"abc", "abc"},      {1e-30, "0,00"},
-        {0.3 - 0.1, "0,20"},
+        {1.005, "1,01"}, {2.675, "2,68"},           {-1.005, "-1,01"},
+        {0.0, "0,00"},   {-0.004, "0,00"},          {-0.005, "-0,01"},
+        {0.045, "0,05"}, {9.995, "10,00"},          {99.999, "100,00"},
+        {0.001, "0,00"}, {1234567.0, "1234567,00"}, {1e20, "100000000000000000000,00"},
+        {3, "3,00"},     {"12,345", "12,35"},       {true, "-1,00"},
+        {1e-30, "0,00"}, {0.3 - 0.1, "0,20"},
     };
     for (const auto& [value, text] : cases)
-        EXPECT_EQ(FormatTwoDecimals(value), text);
-    EXPECT_EQ(RoundTwoDecimals(-15.005), -15.01);
+        EXPECT_EQ(ToTwoDecimals(value)->CommaText(), text);
+    EXPECT_EQ(ToTwoDecimals(-15.005)->PointText(), "-15.01");
+    EXPECT_EQ(RoundToTwoDecimals(-15.005), -15.01);
+}
+
+TEST(TwoDecimals, WhatIsNoAmount) {
+    constexpr double kLargest = std::numeric_limits<double>::max();
+    for (const Value& value :
+         {Value(), Value("abc"), Value(""), Value(kLargest), Value("1.7976931348623157e308")}) {
+        EXPECT_FALSE(ToTwoDecimals(value)) << ToText(value);
+        ExpectError(error_number::kTypeMismatch, [&] { (void)RoundToTwoDecimals(value); });
+    }
     for (const double number : {std::numeric_limits<double>::infinity(), std::nan("")})
-        ExpectError(error_number::kOverflow, [&] { (void)FormatTwoDecimals(number); });
+        ExpectError(error_number::kOverflow, [&] { (void)ToTwoDecimals(number); });
 }
 
 TEST(Norwegian, DatesOfText) {

@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "platform/files.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/temp_folder.h"
 
 namespace platform {
 namespace {

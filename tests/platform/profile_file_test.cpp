@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/temp_folder.h"
 
 namespace platform {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "platform/code_page.h"
 #include "platform/error.h"
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
 
 using namespace platform;
 

@@ -1,4 +1,5 @@
 #include "platform/value.h"
+#include "platform/comparison.h"
 
 #include <gtest/gtest.h>
 

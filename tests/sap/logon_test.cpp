@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/sap/sap_shop.h"
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/sap/sap_shop.h"
 
 namespace sapdi = platform::sapdi;
 
@@ -73,7 +73,7 @@ class Logon : public testing::Test {
         EXPECT_FALSE(sap::LogonToSAP(shop.context, connector));
         return connector.log;
     }
-    SapShop shop;
+    support::SapShop shop;
     RecordingConnector connector;
 };
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/sap/sap_shop.h"
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/sap/sap_shop.h"
 
 using Texts = std::vector<std::string>;
 
@@ -27,7 +27,7 @@ class MasterDataToSap : public testing::Test {
                            .EMail = "a@b.example",
                            .Discount = "5"};
     sap::Product product{"P9", "Kaffe", "7065", 39.9, 20};
-    SapShop shop;
+    support::SapShop shop;
 };
 
 constexpr const char* kPrices =
@@ -55,6 +55,13 @@ TEST_F(MasterDataToSap, Customers) {
     EXPECT_EQ(shop.theOperator.shown.size(), 2U) << "skipped without a message";
 }
 
+TEST_F(MasterDataToSap, ACodeThatIsNotNegativeHasABlankForItsSign) {
+    shop.InCompany(
+        "CREATE TRIGGER no BEFORE INSERT ON OCRD BEGIN SELECT RAISE(ABORT, 'sperret'); END");
+    EXPECT_FALSE(CreateCustomerInSAP(shop.context, customer));
+    EXPECT_EQ(shop.theOperator.shown.at(1).find("Found error: 3421,"), 0U);
+}
+
 TEST_F(MasterDataToSap, ProductsAndTheirPrices) {
     EXPECT_TRUE(CreateProductInSAP(shop.context, product));
     EXPECT_EQ(shop.AskCompany(kPrices), "1 39,9|2 20|");
@@ -65,13 +72,16 @@ TEST_F(MasterDataToSap, ProductsAndTheirPrices) {
                                               {"1", "1", "1 21|2 42|"}}) {
         shop.InStore(std::string("UPDATE Options SET SAPSalesPriceList = ") + sales +
                      ", SAPCostPriceList = " + cost);
+        shop.context.Options.Refresh();
         EXPECT_TRUE(UpdateProductInSAP(shop.context, product));
         EXPECT_EQ(shop.AskCompany(kPrices), prices);
     }
     shop.InStore("UPDATE Options SET SAPSalesPriceList = 3");
+    shop.context.Options.Refresh();
     support::ExpectError(9, [&] { (void)UpdateProductInSAP(shop.context, product); });
     product.ID = " ";
     shop.InStore("UPDATE Options SET SAPSalesPriceList = 0");
+    shop.context.Options.Refresh();
     EXPECT_FALSE(CreateProductInSAP(shop.context, product));
     EXPECT_EQ(shop.theOperator.shown.at(0), "Fikk ikke opprettet produkt   - Kaffe");
 }

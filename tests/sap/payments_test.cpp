@@ -4,8 +4,8 @@
 
 #include "platform/database/client_recordset.h"
 #include "platform/text.h"
-#include "tests/sap/sap_shop.h"
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/sap/sap_shop.h"
 
 namespace sapdi = platform::sapdi;
 using platform::Value;
@@ -13,9 +13,9 @@ using platform::Value;
 namespace {
 
 // Rows that are a recordset of the store database and a query result of the SAP company at once.
-class BothInterfaces : public platform::ClientRecordset, public sapdi::QueryResult {
+class BothInterfaces : public platform::database::ClientRecordset, public sapdi::QueryResult {
   public:
-    using platform::ClientRecordset::ClientRecordset;
+    using platform::database::ClientRecordset::ClientRecordset;
     [[nodiscard]] std::int32_t QueryRecordCount() const override {
         return static_cast<std::int32_t>(RecordCount());
     }
@@ -25,29 +25,39 @@ class BothInterfaces : public platform::ClientRecordset, public sapdi::QueryResu
 };
 
 // A store database whose one query gives such rows.
-class StoreWithQueryResults : public platform::Database {
+class StoreWithQueryResults : public platform::database::Database {
   public:
-    explicit StoreWithQueryResults(std::vector<platform::Row> rows) : rows_(std::move(rows)) {}
-    std::unique_ptr<platform::Recordset> OpenQuery(std::string_view sql) override {
+    explicit StoreWithQueryResults(std::vector<platform::database::Row> rows)
+        : rows_(std::move(rows)) {}
+    std::unique_ptr<platform::database::ClientRecordset> OpenQuery(
+        std::string_view sql, std::span<const Value> values) override {
         query = sql;
-        auto rowSet = std::make_shared<platform::RowSet>();
+        queryValues.assign(values.begin(), values.end());
+        auto rowSet = std::make_shared<platform::database::RowSet>();
         rowSet->fields = {"SalesLines.SalesDate", "TransType", "CustomerID", "SalesLines.Amount"};
         rowSet->rows = rows_;
         return std::make_unique<BothInterfaces>(rowSet);
     }
-    std::unique_ptr<platform::TableRecordset> OpenTable(std::string_view) override { return {}; }
-    std::unique_ptr<platform::TableAppender> OpenAppender(std::string_view) override { return {}; }
+    std::unique_ptr<platform::database::TableRecordset> OpenTable(std::string_view) override {
+        return {};
+    }
+    std::unique_ptr<platform::database::TableAppender> OpenAppender(std::string_view) override {
+        return {};
+    }
     void Execute(std::string_view) override {}
-    std::unique_ptr<platform::PreparedStatement> Prepare(std::string_view) override { return {}; }
-    std::unique_ptr<platform::Transaction> BeginTransaction() override { return {}; }
-    std::unique_ptr<platform::Transaction> IndexForNow(std::string_view,
-                                                       std::string_view) override {
+    std::unique_ptr<platform::database::PreparedStatement> Prepare(std::string_view) override {
+        return {};
+    }
+    std::unique_ptr<platform::database::Transaction> BeginTransaction() override { return {}; }
+    std::unique_ptr<platform::database::ScopedIndex> IndexWhileInScope(std::string_view,
+                                                                       std::string_view) override {
         return {};
     }
     std::string query;
+    platform::database::Row queryValues;
 
   private:
-    std::vector<platform::Row> rows_;
+    std::vector<platform::database::Row> rows_;
 };
 
 class Payments : public testing::Test {
@@ -63,18 +73,17 @@ class Payments : public testing::Test {
     }
 
     // Books the payments of sale 17, which the store database gives as these rows.
-    void BookReceipt(std::vector<platform::Row> rows) {
-        auto store = std::make_unique<StoreWithQueryResults>(std::move(rows));
-        const StoreWithQueryResults& queried = *store;
-        shop.databases.StoreDatabase = std::move(store);
-        sap::CreateReceiptPayments(shop.context, 17);
-        EXPECT_EQ(queried.query,
+    void BookReceipt(std::vector<platform::database::Row> rows) {
+        StoreWithQueryResults store(std::move(rows));
+        sap::CreateReceiptPayments(shop.context, store, 17);
+        EXPECT_EQ(store.query,
                   "select * from Sales, SalesLines WHERE Sales.ID = SalesLines.SalesID and "
-                  "(SalesLines.TransType >=10 and SalesLines.TransType <= 19) and "
-                  "SalesLines.SalesID = 17");
+                  "(SalesLines.TransType >=? and SalesLines.TransType <= ?) and "
+                  "SalesLines.SalesID = ?");
+        EXPECT_EQ(store.queryValues, (platform::database::Row{10, 19, 17}));
     }
 
-    SapShop shop;
+    support::SapShop shop;
 };
 
 constexpr const char* kEntries = "SELECT RefDate, TaxDate, DueDate, Memo FROM OJDT";
@@ -83,7 +92,8 @@ constexpr const char* kEntryLines = "SELECT Line_ID, Account, ShortName, Debit, 
 }  // namespace
 
 TEST_F(Payments, RowsOfTheRealStoreDatabaseAreNoQueryResult) {
-    support::ExpectError(13, [&] { sap::CreateReceiptPayments(shop.context, 17); });
+    support::ExpectError(
+        13, [&] { sap::CreateReceiptPayments(shop.context, *shop.databases.StoreDatabase, 17); });
     EXPECT_EQ(shop.AskCompany(kEntries), "");
 }
 
@@ -136,5 +146,6 @@ TEST_F(Payments, OfADocument) {
               "0 1501 1001 80,5 0|1 1587 NULL 0 80,5|"
               "0 1501 1001 0 20|1 1920 NULL 20 0|");
     shop.InStore("UPDATE Options SET BankAccount = NULL");
+    shop.context.Options.Refresh();
     support::ExpectError(13, [&] { sap::CreateDocumentPayment(shop.context, 12, 1, "1001", 19); });
 }

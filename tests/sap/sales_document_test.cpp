@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/sap/sap_shop.h"
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/sap/sap_shop.h"
 
 using platform::Value;
 using support::Line;
@@ -23,14 +23,13 @@ class SalesDocument : public testing::Test {
         shop.runState.SalesRecordset =
             shop.runState.PersistConnection->OpenRecordset("KDayEndSales.XML");
         const sap::SaleLines saleLines(*shop.runState.PersistConnection, "KDayEndSalesLines.XML");
-        auto& view = shop.runState.SalesLinesRecordset;
-        view = saleLines.Open("TransType >= 1 and TransType <= 2", sale.id);
+        const auto view = saleLines.Open(sap::LineKind::Items, sale.id);
         double total = 0;
         for (; !view->IsEof(); view->MoveNext())
             total += *view->Get("Amount").AsFloating();
         sap::CreateSalesDocument(shop.context, saleLines,
-                                 static_cast<std::int16_t>(*sale.id.AsWhole()),
-                                 static_cast<std::int16_t>(*sale.type.AsWhole()), total);
+                                 store::Sale(*shop.runState.SalesRecordset), total,
+                                 view->RecordCount());
     }
 
     // Which tables hold documents.
@@ -44,7 +43,7 @@ class SalesDocument : public testing::Test {
         return found;
     }
 
-    SapShop shop;
+    support::SapShop shop;
 };
 
 }  // namespace
@@ -92,15 +91,17 @@ TEST_F(SalesDocument, ReceiptHeaderAndLines) {
     EXPECT_EQ(shop.AskCompany("SELECT * FROM INV1"),
               "1 0 P1 Blåbærsyltetøy 3 10 12,35 3000 12       7|1 1 p2   1 5 0   12       7|");
     EXPECT_TRUE(shop.theOperator.shown.empty());
+    EXPECT_EQ(shop.AskCompany("SELECT count(*) FROM OJDT"), "0|") << "no payment is booked";
 }
 
 TEST_F(SalesDocument, OrderHeaderAndLines) {
     shop.InCompany("INSERT INTO OITM (ItemCode) VALUES ('Avrunding')");
     shop.settings.SAPOrders = "1";
-    Send({.id = 17, .type = 2, .customerID = "1001", .yourRef = " 12345678901234567 ", .selBuy = 0},
-         {{.saleId = 17, .amount = 30.0}, {.saleId = 17, .amount = 1.0, .productID = "Avrunding"}});
+    Send(
+        {.id = 17, .type = 2, .customerID = "1001 ", .yourRef = " 12345678901234567 ", .selBuy = 0},
+        {{.saleId = 17, .amount = 30.0}, {.saleId = 17, .amount = 1.0, .productID = "Avrunding"}});
     EXPECT_EQ(shop.AskCompany("SELECT CardCode, NumAtCard, Ref1, SlpCode, Printed FROM ORDR"),
-              "1001 1234567890123456 17 NULL N|");
+              "1001  1234567890123456 17 NULL N|");
     EXPECT_EQ(shop.AskCompany("SELECT LineNum, ItemCode, Price, AcctCode, Project FROM RDR1"),
               "0 P1 30 NULL         |1 Avrunding 1 NULL         |");
 }

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/sap/sap_shop.h"
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/sap/sap_shop.h"
 
 using platform::Answer;
 using support::ExpectError;
@@ -19,13 +19,13 @@ class Transfer : public testing::Test {
 
     void Send(std::initializer_list<Answer> answers) {
         shop.theOperator.answers = answers;
-        EXPECT_FALSE(shop.driver.TransferDataSetToSAP("K"));
+        EXPECT_FALSE(shop.driver.TransferDataSetToSAP(store::DataSet("K")));
     }
 
     std::string Invoices() { return shop.AskCompany("SELECT NumAtCard FROM OINV"); }
     bool IsFinished() const { return shop.folder.Has("KDayEndSales.XML.200511161433.ferdig"); }
 
-    SapShop shop;
+    support::SapShop shop;
 };
 
 constexpr Answer kYes = Answer::Yes;
@@ -40,6 +40,18 @@ TEST_F(Transfer, YesCommitsAndMarksTheDataSet) {
               "")
         << "what the transfer indexed for itself is gone";
     ExpectError(91, [&] { (void)shop.objects.SAPCompany->InTransaction(); });
+}
+
+TEST_F(Transfer, OptionsAreThoseOfTheDaysStart) {
+    shop.WriteDataSet("K", {{.id = 1, .customerID = " "}}, {{.saleId = 1}});
+    Send({Answer::No});
+    shop.InStore(
+        "UPDATE Options SET DefaultCustomerID = '1001', SAPSalesPriceList = 2, "
+        "SAPCostPriceList = 0");
+    shop.InStore("INSERT INTO Products (ID, Price, Status) VALUES ('P1', 5, 2)");
+    Send({kYes});
+    EXPECT_EQ(shop.AskCompany("SELECT CardCode FROM OINV"), "1001|");
+    EXPECT_EQ(shop.AskCompany("SELECT PriceList FROM ITM1 WHERE Price = 5"), "2|");
 }
 
 TEST_F(Transfer, NoRollsTheDocumentsBackButNotTheMasterData) {
@@ -78,7 +90,7 @@ TEST_F(Transfer, APaymentOnlyReceiptEndsTheProgramAndNothingIsCommitted) {
     shop.WriteDataSet(
         "K", {{.id = 1}, {.id = 2}},
         {{.saleId = 1}, {.saleId = 1, .transType = 15}, {.saleId = 2, .transType = 15}});
-    ExpectError(13, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    ExpectError(13, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
     shop.objects.SAPCompany.Release();
     EXPECT_EQ(Invoices(), "");
     EXPECT_FALSE(IsFinished());
@@ -91,6 +103,7 @@ TEST_F(Transfer, EarlyEnds) {
     EXPECT_EQ(shop.theOperator.shown[0].find("Feil ved pålogging til SAP.\nSAP feilkode var -10: "),
               0U);
     EXPECT_EQ(shop.theOperator.shown[0].find("SAP feilkode var -10: feil"), std::string::npos);
+    EXPECT_FALSE(shop.runState.DataSetHasErrors);
 
     shop.WriteDataSet("K", {}, {{}});
     Send({});
@@ -111,10 +124,10 @@ TEST_F(Transfer, NoDayEndLeavesTheDocumentsOut) {
     EXPECT_EQ(Invoices(), "");
 
     shop.WriteDataSet("K", {{.id = 1}}, {{.saleId = 1, .transType = 15}});
-    ExpectError(91, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    ExpectError(91, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
     shop.WriteDataSet("K", {{.id = 1}}, {{.saleId = 1}});
     shop.InStore("INSERT INTO Customers (ID, Status) VALUES ('7', 1)");
-    ExpectError(91, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    ExpectError(91, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
 }
 
 TEST_F(Transfer, TwoDaysOneAfterTheOtherAndOrdersAmongThem) {
@@ -137,20 +150,21 @@ TEST_F(Transfer, AMalformedSalesFileEndsBeforeTheLogonAMalformedLinesFileAfterTh
     shop.InStore("INSERT INTO Customers (ID, Name, Status) VALUES ('2001', 'Ny', 1)");
     const std::string whole = shop.folder.Read("KDayEndSales.XML");
     shop.folder.Write("KDayEndSales.XML", whole.substr(0, whole.size() - 20));
-    ExpectError(321, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    ExpectError(321, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
     EXPECT_FALSE(shop.objects.SAPCompany);
     shop.folder.Write("KDayEndSales.XML", whole);
     shop.folder.Write("KDayEndSalesLines.XML", whole.substr(0, whole.size() - 20));
-    ExpectError(321, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    ExpectError(321, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
     EXPECT_EQ(shop.AskStore("SELECT Status FROM Customers"), "0");
 }
 
 TEST_F(Transfer, NumbersThatDoNotFit) {
     shop.WriteDataSet("K", {{.id = 32768, .type = platform::Value()}}, {{.saleId = 32768}});
-    const std::string text = ExpectError(6, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    const std::string text =
+        ExpectError(6, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
     shop.WriteDataSet("K", {{.id = 1}}, {{.amount = platform::Value()}});
-    ExpectError(94, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    ExpectError(94, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
     shop.WriteDataSet("K", {{.id = platform::Value()}}, {{}});
-    ExpectError(3075, [&] { shop.driver.TransferDataSetToSAP("K"); });
+    ExpectError(3075, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
     EXPECT_NE(text.find("Sale 32768"), std::string::npos) << text;
 }

@@ -2,15 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/expect_error.h"
-#include "tests/support/test_shop.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/store/store_shop.h"
 
 using platform::Answer;
-using support::TestShop;
+using support::StoreShop;
 
 namespace {
 
-store::AfterOpening OpenAgain(TestShop& shop) {
+store::AfterOpening OpenAgain(StoreShop& shop) {
     store::Databases& databases = shop.databases;
     databases.TaxTable.Release();
     return store::OpenTables(databases, shop.theOperator, "Tittel");
@@ -19,8 +19,8 @@ store::AfterOpening OpenAgain(TestShop& shop) {
 }  // namespace
 
 TEST(Databases, AMissingDatabaseIsAnErrorThatNamesIt) {
-    const TestShop shop;
-    platform::SqliteEngine engine;
+    const StoreShop shop;
+    platform::database::SqliteEngine engine;
     store::Databases databases;
     std::filesystem::remove("data/KVDayEndServer.mdb");
     const std::string text =
@@ -30,7 +30,7 @@ TEST(Databases, AMissingDatabaseIsAnErrorThatNamesIt) {
 }
 
 TEST(Databases, AMissingIndexIsToldAndOpeningGoesOn) {
-    TestShop shop;
+    StoreShop shop;
     shop.InStore("DROP TABLE Customers");
     shop.InStore("CREATE TABLE Customers (ID TEXT, Name TEXT, Status INTEGER)");
     EXPECT_EQ(OpenAgain(shop), store::AfterOpening::GoOn);
@@ -43,7 +43,7 @@ TEST(Databases, AMissingIndexIsToldAndOpeningGoesOn) {
 }
 
 TEST(Databases, AMissingTableAsksAndNoGoesOn) {
-    TestShop shop;
+    StoreShop shop;
     shop.InStore("DROP TABLE Tax");
     shop.theOperator.answers = {Answer::No};
     EXPECT_EQ(OpenAgain(shop), store::AfterOpening::GoOn);
@@ -51,11 +51,11 @@ TEST(Databases, AMissingTableAsksAndNoGoesOn) {
     EXPECT_EQ(question.text.find("3078 - "), 0U);
     EXPECT_NE(question.text.find("\n\nSkal programmet avsluttes?"), std::string::npos);
     EXPECT_EQ(question.defaultAnswer, Answer::Yes);
-    support::ExpectError(91, [&] { (void)shop.databases.TaxTable->IsEof(); });
+    support::ExpectError(91, [&] { (void)shop.databases.TaxTable->NoMatch(); });
 }
 
 TEST(Databases, TheIndexOfATableThatDidNotOpenAsksAgain) {
-    TestShop shop;
+    StoreShop shop;
     shop.InStore("DROP TABLE Products");
     shop.databases.ProductsTable.Release();
     shop.theOperator.answers = {Answer::No, Answer::Yes};

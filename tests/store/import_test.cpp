@@ -2,19 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/expect_error.h"
-#include "tests/support/test_shop.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/store/store_shop.h"
 
 using support::ExpectError;
 using support::Line;
 using support::Sale;
-using support::TestShop;
+using support::StoreShop;
 
 namespace {
 
 class Import : public testing::Test {
   protected:
-    void ImportKasse1() { store::ImportDataSet("Kasse1", *shop.databases.WorkConnection); }
+    void ImportKasse1() {
+        store::ImportDataSet(store::DataSet("Kasse1"), *shop.databases.WorkConnection);
+    }
 
     // Cuts the end off a file of the data set.
     void Truncate(const std::string& fileName) const {
@@ -22,7 +24,7 @@ class Import : public testing::Test {
         shop.folder.Write(fileName, whole.substr(0, whole.size() - 20));
     }
 
-    TestShop shop;
+    StoreShop shop;
 };
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/test_shop.h"
+#include "tests/support/ui/test_shop.h"
 
 using support::TestShop;
 
@@ -19,9 +19,10 @@ std::string ListOf(const std::vector<std::string>& files, const std::string& pat
     EXPECT_EQ(shop.theOperator.shown,
               expectNotice ? std::vector<std::string>{"Ingen filer er klare for overføring."}
                            : std::vector<std::string>{});
+    EXPECT_EQ(shop.theOperator.boxes, expectNotice ? "i " : "");
     std::string list;
     for (const ui::ListEntry& entry : shop.window.ListDayEnd)
-        list += entry.text + "|";
+        list += entry.dataSet.DisplayName() + "|";
     return list;
 }
 

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/expect_error.h"
-#include "tests/support/fixed_clock.h"
-#include "tests/support/scripted_operator.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/platform/fixed_clock.h"
+#include "tests/support/platform/scripted_operator.h"
+#include "tests/support/platform/temp_folder.h"
 
 using platform::Answer;
 using platform::Icon;
@@ -28,31 +28,19 @@ TEST(Journal, RecordsWhatIsShownAskedAndAnswered) {
         journal.ShowStatusLine("not UTF-8: \xFF");
         journal.ReportFatal(platform::RuntimeError(3704, "closed"));
     }
-    const std::string time = R"({"time":"2005-11-16T14:07:33","event":)";
-    EXPECT_EQ(folder.Read("journal"),
-              "before\n" + time +
-                  R"("status","text":"Starter \"Æ\""})"
-                  "\n" +
-                  time +
-                  R"("message","title":null,"text":"a\nb","icon":"information"})"
-                  "\n" +
-                  time +
-                  R"("question","title":"Tittel","text":"Skal?","icon":"none","default":"yes",)"
-                  R"("answer":"no"})"
-                  "\n" +
-                  time +
-                  R"("prompt","title":"Kontonummer","text":"Hvilken?","default":"1920",)"
-                  R"("answer":"9999"})"
-                  "\n" +
-                  time +
-                  R"("prompt","title":"Pålogging","text":"Passord?","default":"","answer":"***"})"
-                  "\n" +
-                  time +
-                  R"("command","text":"ferdig.sh"})"
-                  "\n" +
-                  time + "\"status\",\"text\":\"not UTF-8: \xEF\xBF\xBD\"}\n" + time +
-                  R"("fatal","number":3704,"text":"closed"})"
-                  "\n");
+    const char* const events[] = {
+        R"("status","text":"Starter \"Æ\"")",
+        R"("message","title":null,"text":"a\nb","icon":"information")",
+        R"("question","title":"Tittel","text":"Skal?","icon":"none","default":"yes","answer":"no")",
+        R"("prompt","title":"Kontonummer","text":"Hvilken?","default":"1920","answer":"9999")",
+        R"("prompt","title":"Pålogging","text":"Passord?","default":"","answer":"***")",
+        R"("command","text":"ferdig.sh")",
+        "\"status\",\"text\":\"not UTF-8: \xEF\xBF\xBD\"",
+        R"("fatal","number":3704,"text":"closed")"};
+    std::string expected = "before\n";
+    for (const char* event : events)
+        expected.append(R"({"time":"2005-11-16T14:07:33","event":)").append(event).append("}\n");
+    EXPECT_EQ(folder.Read("journal"), expected);
     EXPECT_EQ(person.fatal, std::vector<int>{3704});
 }
 

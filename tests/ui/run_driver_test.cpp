@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/expect_error.h"
-#include "tests/support/test_shop.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/ui/test_shop.h"
 
 using support::TestShop;
 using Texts = std::vector<std::string>;
@@ -26,7 +26,7 @@ class Run : public testing::Test {
   protected:
     Run() {
         for (const char* name : {"Kasse1", "<Uten navn>", "Østfeil"}) {
-            shop.window.ListDayEnd.push_back({name});
+            shop.window.ListDayEnd.push_back({store::DataSet::OfDisplayName(name)});
         }
     }
 
@@ -36,7 +36,8 @@ class Run : public testing::Test {
     }
 
     ui::TransferEntryPoint Recording(const std::string& which) {
-        return [this, which](const std::string& name) {
+        return [this, which](const store::DataSet& dataSet) {
+            const std::string& name = dataSet.Name();
             calls.push_back(which + name);
             EXPECT_FALSE(shop.runState.DataSetHasErrors);
             EXPECT_EQ(shop.runState.CurrentDataSetName, name);
@@ -52,6 +53,21 @@ class Run : public testing::Test {
     ui::RunDriver driver{
         shop.settings,    shop.window, shop.runState, {Recording("fil:"), Recording("SAP:")},
         shop.theOperator, shop.clock,  processStarter};
+};
+
+// An operator who can not be told that nothing waits any more.
+class RunBeforeAFailingOperator : public Run {
+  protected:
+    struct FailingOperator : support::ScriptedOperator {
+        void Show(const platform::Notice& notice) override {
+            throw platform::RuntimeError(61, notice.text);
+        }
+    };
+    FailingOperator failing;
+    ui::frmMain window{shop.settings, failing};
+    ui::RunDriver failingDriver{
+        shop.settings, window,     shop.runState, {Recording("fil:"), Recording("SAP:")},
+        failing,       shop.clock, processStarter};
 };
 
 constexpr const char* kNothingWaits = "Ingen filer er klare for overføring.";
@@ -86,7 +102,7 @@ TEST_F(Run, OnlyTheExactSettingMeansSap) {
     shop.window.ListDayEnd[0].isSelected = true;
     shop.settings.AccountingSystem = "SAP";
     Start();
-    shop.window.ListDayEnd = {{"A", true}};
+    shop.window.ListDayEnd = {{store::DataSet("A"), true}};
     shop.settings.AccountingSystem = "sap";
     Start();
     EXPECT_EQ(calls, (Texts{"SAP:Kasse1", "fil:A"}));
@@ -101,20 +117,29 @@ TEST_F(Run, TheDayEndCommandRunsOnceAndItsFailureIsTold) {
     EXPECT_EQ(shop.theOperator.commands, Texts{" ferdig.sh "});
 
     processStarter.succeeds = false;
-    shop.window.ListDayEnd = {{"A", true}};
+    shop.window.ListDayEnd = {{store::DataSet("A"), true}};
     shop.theOperator.shown.clear();
     Start();
     EXPECT_EQ(shop.theOperator.shown, (Texts{"Kommandoen lot seg ikke kjøre", kNothingWaits}));
 
     shop.settings.DayEndCommand = "   ";
-    shop.window.ListDayEnd = {{"B", true}};
+    shop.window.ListDayEnd = {{store::DataSet("B"), true}};
     Start();
     EXPECT_EQ(processStarter.started.size(), 2U);
 }
 
+TEST_F(RunBeforeAFailingOperator, AnErrorOfTheRefreshIsPassedOverBehindACommandAlone) {
+    window.ListDayEnd = {{store::DataSet("A"), true}};
+    support::ExpectError(61, [&] { failingDriver.StartDayEnd(); });
+    shop.settings.DayEndCommand = "ferdig.sh";
+    window.ListDayEnd = {{store::DataSet("B"), true}};
+    failingDriver.StartDayEnd();
+    EXPECT_EQ(processStarter.started, Texts{"ferdig.sh"});
+}
+
 TEST_F(Run, AnErrorThatEscapesEndsTheRun) {
     shop.settings.DayEndCommand = "ferdig.sh";
-    shop.window.ListDayEnd = {{"Kasse-stopp", true}, {"B", true}};
+    shop.window.ListDayEnd = {{store::DataSet("Kasse-stopp"), true}, {store::DataSet("B"), true}};
     support::ExpectError(3704, [&] { driver.StartDayEnd(); });
     EXPECT_EQ(calls, Texts{"fil:Kasse-stopp"});
     EXPECT_EQ(processStarter.started, Texts{});

@@ -2,12 +2,12 @@
 
 #include <sstream>
 
-#include "tests/support/test_shop.h"
+#include "tests/support/ui/test_shop.h"
 #include "ui/terminal/terminal_face.h"
 
 using platform::Answer;
 using platform::Icon;
-using ui::Attendance;
+using ui::terminal::Attendance;
 
 namespace {
 
@@ -22,7 +22,7 @@ class Terminal : public testing::Test {
                Attendance attendance = Attendance::Script) {
         input.str(lines);
         input.clear();
-        ui::TerminalOperator terminal({input, output, errors}, attendance);
+        ui::terminal::TerminalOperator terminal({input, output, errors}, attendance);
         return terminal.Ask({std::nullopt, "Skal?", Icon::Question, defaultAnswer});
     }
 
@@ -31,22 +31,23 @@ class Terminal : public testing::Test {
         input.str(lines);
         input.clear();
         chosen.clear();
-        shop.window.ListDayEnd = {{"A"}, {"B"}, {"C"}};
-        ui::TerminalOperator terminal({input, output, errors}, Attendance::Script);
+        shop.window.ListDayEnd = {
+            {store::DataSet("A")}, {store::DataSet("B")}, {store::DataSet("C")}};
+        ui::terminal::TerminalOperator terminal({input, output, errors}, Attendance::Script);
         NoProcesses noProcesses;
         ui::RunDriver driver(shop.settings, shop.window, shop.runState,
-                             {[this](const std::string& name) {
-                                  chosen += name;
+                             {[this](const store::DataSet& dataSet) {
+                                  chosen += dataSet.Name();
                                   return false;
                               },
                               nullptr},
                              shop.theOperator, shop.clock, noProcesses);
-        exitStatus = ui::RunOnce(selection, shop.window, driver, terminal);
+        exitStatus = ui::terminal::RunOnce(selection, shop.window, driver, terminal);
         return chosen;
     }
 
     support::TestShop shop;
-    ui::Selection selection;
+    ui::terminal::Selection selection;
     std::string chosen;
     int exitStatus = -1;
     std::istringstream input;
@@ -71,12 +72,12 @@ TEST_F(Terminal, AnswersToAQuestion) {
 
 TEST_F(Terminal, AnswersToAPrompt) {
     input.str("1920\n\n");
-    ui::TerminalOperator terminal({input, output, errors}, Attendance::Script);
+    ui::terminal::TerminalOperator terminal({input, output, errors}, Attendance::Script);
     const platform::InputRequest request = {"Kontonummer", "Hvilken?", "9999", false};
     EXPECT_EQ(terminal.Prompt(request), "1920");
     EXPECT_EQ(terminal.Prompt(request), "9999");
     EXPECT_EQ(terminal.Prompt(request), "") << "the end of input cancels";
-    ui::TerminalOperator nobody({input, output, errors}, Attendance::Nobody);
+    ui::terminal::TerminalOperator nobody({input, output, errors}, Attendance::Nobody);
     EXPECT_EQ(nobody.Prompt(request), "9999");
 }
 

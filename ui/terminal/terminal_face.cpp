@@ -6,7 +6,7 @@
 
 #include "platform/text.h"
 
-namespace ui {
+namespace ui::terminal {
 
 namespace {
 
@@ -20,8 +20,9 @@ void SelectAll(frmMain& window) {
 
 // Selects the data set of that display name; false when it is not waiting.
 bool SelectByName(const std::string& name, frmMain& window) {
-    const auto entry = std::find_if(window.ListDayEnd.begin(), window.ListDayEnd.end(),
-                                    [&](const ListEntry& each) { return each.text == name; });
+    const auto entry =
+        std::find_if(window.ListDayEnd.begin(), window.ListDayEnd.end(),
+                     [&](const ListEntry& each) { return each.dataSet.DisplayName() == name; });
     if (entry == window.ListDayEnd.end()) return false;
     entry->isSelected = true;
     return true;
@@ -51,7 +52,8 @@ void SelectByAnswer(frmMain& window, TerminalOperator& terminal) {
     if (window.ListDayEnd.empty()) return;
     terminal.Print(frmMain::kLabel4);
     for (std::size_t i = 0; i < window.ListDayEnd.size(); ++i) {
-        terminal.Print("  " + std::to_string(i + 1) + "  " + window.ListDayEnd[i].text);
+        terminal.Print("  " + std::to_string(i + 1) + "  " +
+                       window.ListDayEnd[i].dataSet.DisplayName());
     }
     for (;;) {
         const std::string answer =
@@ -71,6 +73,7 @@ void SelectByAnswer(frmMain& window, TerminalOperator& terminal) {
 
 int RunOnce(const Selection& selection, frmMain& window, RunDriver& runDriver,
             TerminalOperator& terminal) {
+    // A name that does not wait holds none of the others back; the exit status tells it.
     bool everyNameWaits = true;
     for (const std::string& name : selection.names) {
         if (SelectByName(name, window)) continue;
@@ -84,4 +87,4 @@ int RunOnce(const Selection& selection, frmMain& window, RunDriver& runDriver,
     return everyNameWaits && !runDriver.AnyDataSetHadErrors() ? kExitSuccess : kExitWithErrors;
 }
 
-}  // namespace ui
+}  // namespace ui::terminal

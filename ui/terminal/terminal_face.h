@@ -8,7 +8,7 @@
 #include "ui/run_driver.h"
 #include "ui/terminal/terminal_operator.h"
 
-namespace ui {
+namespace ui::terminal {
 
 // What the command line asks for.
 struct Selection {
@@ -21,4 +21,4 @@ struct Selection {
 [[nodiscard]] int RunOnce(const Selection& selection, frmMain& window, RunDriver& runDriver,
                           TerminalOperator& terminal);
 
-}  // namespace ui
+}  // namespace ui::terminal

@@ -10,7 +10,7 @@
 
 #include "platform/text.h"
 
-namespace ui {
+namespace ui::terminal {
 
 namespace {
 
@@ -48,6 +48,7 @@ class SilentInput {
     bool isSilent_ = false;
 };
 
+// Norwegian and English words, whatever the language of the terminal.
 std::optional<Answer> AnswerOf(const std::string& line, Answer defaultAnswer) {
     const std::string word = platform::Upper(platform::Trim(line));
     if (word.empty()) return defaultAnswer;
@@ -123,4 +124,4 @@ void TerminalOperator::Print(std::string_view line) {
     streams_.output << line << std::endl;
 }
 
-}  // namespace ui
+}  // namespace ui::terminal

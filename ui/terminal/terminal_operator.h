@@ -7,7 +7,7 @@
 
 #include "platform/operator.h"
 
-namespace ui {
+namespace ui::terminal {
 
 // Where the operator's lines come from and go to.
 struct TerminalStreams {
@@ -44,4 +44,4 @@ class TerminalOperator : public platform::Operator {
     Attendance attendance_;
 };
 
-}  // namespace ui
+}  // namespace ui::terminal

@@ -1,6 +1,6 @@
 #include "ui/window/button.h"
 
-namespace ui {
+namespace ui::window {
 
 namespace {
 
@@ -17,4 +17,4 @@ QSize Button::sizeHint() const {
     return QPushButton::sizeHint().expandedTo(kUsualSize);
 }
 
-}  // namespace ui
+}  // namespace ui::window

@@ -3,7 +3,7 @@
 
 #include <QPushButton>
 
-namespace ui {
+namespace ui::window {
 
 class Button : public QPushButton {
   public:
@@ -13,4 +13,4 @@ class Button : public QPushButton {
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 };
 
-}  // namespace ui
+}  // namespace ui::window

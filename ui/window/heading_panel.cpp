@@ -1,12 +1,13 @@
 #include "ui/window/heading_panel.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFontInfo>
 #include <QPainter>
 
 #include "ui/frm_main.h"
 
-namespace ui {
+namespace ui::window {
 
 namespace {
 
@@ -19,6 +20,8 @@ constexpr int kPanelHeight = 89;
 constexpr int kPictureSize = 60;
 constexpr int kMargin = 8;
 constexpr int kBottomMargin = 4;
+constexpr int kSpacing = 16;
+constexpr int kBesideTexts = kMargin + kSpacing + kPictureSize + kMargin;
 
 }  // namespace
 
@@ -43,41 +46,53 @@ void Picture::paintEvent(QPaintEvent* /*event*/) {
     icon_.paint(&painter, rect());
 }
 
-HeadingPanel::HeadingPanel() : heading_(frmMain::kLabel2), instructions_(frmMain::kLabel3) {
+HeadingPanel::HeadingPanel() : Label2(frmMain::kLabel2), Label3(frmMain::kLabel3) {
+    Label2.setObjectName("Label2");
+    Label3.setObjectName("Label3");
+    Image1.setObjectName("Image1");
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
-    for (QLabel* label : {&heading_, &instructions_}) {
+    for (QLabel* label : {&Label2, &Label3}) {
         label->setForegroundRole(QPalette::Text);
-        label->setTextFormat(Qt::PlainText);
         texts_.addWidget(label);
     }
-    instructions_.setWordWrap(true);
-    instructions_.setAlignment(Qt::AlignTop);
+    Label3.setWordWrap(true);
+    Label3.setAlignment(Qt::AlignTop);
     texts_.setSpacing(kMargin);
     texts_.setStretch(1, 1);
 
     row_.setContentsMargins(kMargin, kMargin, kMargin, kBottomMargin);
-    row_.addStrut(kPanelHeight - kMargin - kBottomMargin);
-    row_.setSpacing(2 * kMargin);
+    row_.setSpacing(kSpacing);
     row_.addLayout(&texts_, 1);
-    row_.addWidget(&picture_, 0, Qt::AlignVCenter);
+    row_.addWidget(&Image1, 0, Qt::AlignVCenter);
     ApplyFonts();
 }
 
 void HeadingPanel::ApplyFonts() {
-    heading_.setFont(ScaledFont(kHeadingPoints));
-    instructions_.setFont(ScaledFont(kInstructionsPoints));
-    if (isVisible()) MakeRoomForInstructions();
+    Label2.setFont(ScaledFont(kHeadingPoints));
+    Label3.setFont(ScaledFont(kInstructionsPoints));
+    updateGeometry();
+}
+
+int HeadingPanel::UsualHeight(int width) const {
+    const int texts =
+        Label2.sizeHint().height() + texts_.spacing() + Label3.heightForWidth(width - kBesideTexts);
+    return qMax(kPanelHeight, kMargin + texts + kBottomMargin);
+}
+
+QSize HeadingPanel::sizeHint() const {
+    return {Label2.sizeHint().width() + kBesideTexts, UsualHeight(width())};
+}
+
+// Instructions that have no line left are told wherever one points at the panel.
+bool HeadingPanel::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) setToolTip(Label3.MissedText());
+    return QWidget::event(event);
 }
 
 void HeadingPanel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    MakeRoomForInstructions();
+    updateGeometry();  // the width tells the height
 }
 
-// A layout takes no heed of the width when it tells how high wrapped text must be at least.
-void HeadingPanel::MakeRoomForInstructions() {
-    instructions_.setMinimumHeight(instructions_.heightForWidth(instructions_.width()));
-}
-
-}  // namespace ui
+}  // namespace ui::window

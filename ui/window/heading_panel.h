@@ -3,11 +3,12 @@
 
 #include <QHBoxLayout>
 #include <QIcon>
-#include <QLabel>
 #include <QVBoxLayout>
 #include <QWidget>
 
-namespace ui {
+#include "ui/window/text_label.h"
+
+namespace ui::window {
 
 // The program's picture, sharp at every scale; it is also the windows' icon.
 [[nodiscard]] QIcon ProgramIcon();
@@ -33,17 +34,21 @@ class HeadingPanel : public QWidget {
     // Takes up the system's font.
     void ApplyFonts();
 
+    // What a panel so wide needs to show all of its texts.
+    [[nodiscard]] int UsualHeight(int width) const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+
   protected:
+    bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void MakeRoomForInstructions();
-
     QHBoxLayout row_{this};
     QVBoxLayout texts_;
-    QLabel heading_;
-    QLabel instructions_;
-    Picture picture_;
+    TextLabel Label2;
+    TextLabel Label3;
+    Picture Image1;
 };
 
-}  // namespace ui
+}  // namespace ui::window

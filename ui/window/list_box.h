@@ -3,11 +3,20 @@
 
 #include <QListWidget>
 
-namespace ui {
+namespace ui::window {
 
 class ListBox : public QListWidget {
   public:
-    ListBox();
+    explicit ListBox(int usualHeight = 0);
+
+    // Does nothing where it shows them already; else the current row keeps its place.
+    void Show(const QStringList& texts);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+  private:
+    int usualHeight_;
 };
 
-}  // namespace ui
+}  // namespace ui::window

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 #include <QWidget>
 #include <string_view>
@@ -14,8 +13,9 @@
 #include "ui/window/button.h"
 #include "ui/window/heading_panel.h"
 #include "ui/window/list_box.h"
+#include "ui/window/text_label.h"
 
-namespace ui {
+namespace ui::window {
 
 class MainWindow : public QWidget {
   public:
@@ -30,15 +30,17 @@ class MainWindow : public QWidget {
 
   protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void NameControls();
     void SetUpControls();
     void ArrangeControls();
     void ApplyFonts();
+    [[nodiscard]] QSize FittingSize() const;
+    [[nodiscard]] int UsualHeight(int width) const;
     void Start() noexcept;
     void TakeSelection();
-    void RebuildDataSetList();
-    [[nodiscard]] bool ShowsTheDataSets() const;
 
     frmMain& contents_;
     RunDriver& driver_;
@@ -47,13 +49,15 @@ class MainWindow : public QWidget {
     QVBoxLayout column_{this};
     QVBoxLayout body_;
     QHBoxLayout buttons_;
-    HeadingPanel panel_;
-    QLabel dataSetsCaption_;
-    ListBox dataSets_;
-    QLabel logCaption_;
-    ListBox log_;
-    Button start_;
-    Button close_;
+    // By their names in the running window.
+    HeadingPanel Picture1;
+    TextLabel Label4;
+    ListBox ListDayEnd;
+    TextLabel Label5;
+    ListBox List;
+    Button btStart;
+    Button btClose;
+    ListBox File;  // hidden: the files behind the data sets, for tools that look into the window
 };
 
-}  // namespace ui
+}  // namespace ui::window

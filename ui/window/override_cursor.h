@@ -3,7 +3,7 @@
 
 #include <QApplication>
 
-namespace ui {
+namespace ui::window {
 
 class OverrideCursor {
   public:
@@ -13,4 +13,4 @@ class OverrideCursor {
     OverrideCursor& operator=(const OverrideCursor&) = delete;
 };
 
-}  // namespace ui
+}  // namespace ui::window

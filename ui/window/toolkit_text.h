@@ -4,10 +4,10 @@
 #include <QString>
 #include <string_view>
 
-namespace ui {
+namespace ui::window {
 
 [[nodiscard]] inline QString ToolkitText(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-}  // namespace ui
+}  // namespace ui::window

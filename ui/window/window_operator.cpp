@@ -9,7 +9,7 @@
 #include "ui/window/override_cursor.h"
 #include "ui/window/toolkit_text.h"
 
-namespace ui {
+namespace ui::window {
 
 namespace {
 
@@ -19,6 +19,7 @@ using platform::Icon;
 // What a box without a title of its own bears.
 constexpr const char* kApplicationCaption = "KVDayEndServer";
 
+// The toolkit's own words would be English.
 constexpr const char* kYes = "&Ja";
 constexpr const char* kNo = "&Nei";
 constexpr const char* kOk = "OK";
@@ -135,6 +136,7 @@ void WindowOperator::ReportFatal(const platform::RuntimeError& error) {
 }
 
 int WindowOperator::Run(QDialog& box) {
+    // The run waits for the operator now, not the other way round.
     const OverrideCursor usual(Qt::ArrowCursor);
     if (window_) window_->ShowContents();
     const int result = box.exec();
@@ -143,4 +145,4 @@ int WindowOperator::Run(QDialog& box) {
     return result;
 }
 
-}  // namespace ui
+}  // namespace ui::window

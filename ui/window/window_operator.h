@@ -9,7 +9,7 @@
 
 class QDialog;
 
-namespace ui {
+namespace ui::window {
 
 class WindowOperator : public platform::Operator {
   public:
@@ -30,4 +30,4 @@ class WindowOperator : public platform::Operator {
     QPointer<MainWindow> window_;
 };
 
-}  // namespace ui
+}  // namespace ui::window

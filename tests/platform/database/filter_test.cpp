@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "platform/error.h"
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 namespace number = error_number;
@@ -82,4 +82,4 @@ TEST(Filter, ComparesLikeTheRestOfTheSystem) {
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace platform::database

@@ -3,9 +3,9 @@
 #include "platform/database/batch.h"
 #include "platform/error.h"
 #include "tests/platform/database/sqlite_fixture.h"
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
 
-namespace platform {
+namespace platform::database {
 namespace {
 
 namespace number = error_number;
@@ -36,33 +36,32 @@ TEST_F(SqliteDatabaseTest, OpensWhatIsThereAndCreatesNothing) {
     ExpectError(number::kPathAccess, [&] { (void)engine_.CreateDatabase(file_); });
 }
 
-TEST_F(SqliteDatabaseTest, ATableReadsWhatIsInTheFileNow) {
+TEST_F(SqliteDatabaseTest, ATableReadsItsRowOnceUntilItIsRefreshedOrChanged) {
     Run({"CREATE TABLE Options (NextVoucherNo INTEGER, CreditToOrder BOOLEAN)",
          "INSERT INTO Options VALUES (100, 0)"});
     const auto options = database_->OpenTable("Options");
     const auto other = engine_.OpenDatabase(file_);
+    EXPECT_EQ(options->Get("NextVoucherNo"), Value(100));
     other->Execute("UPDATE Options SET NextVoucherNo = 200, CreditToOrder = 1");
-    EXPECT_EQ(options->Get("NextVoucherNo"), Value(200));
-    EXPECT_EQ(options->Get(1), Value(true));
+    EXPECT_EQ(options->Get("CreditToOrder"), Value(false));
+    options->Refresh();
+    EXPECT_EQ(options->Get("CreditToOrder"), Value(true));
 
+    other->Execute("UPDATE Options SET NextVoucherNo = 300");
     options->Edit();
-    options->Set("nextvoucherno", 201);
-    EXPECT_EQ(options->Get("NextVoucherNo"), Value(201));
+    EXPECT_EQ(options->Get("NextVoucherNo"), Value(300)) << "what is changed was read anew";
+    options->Set("nextvoucherno", 301);
+    EXPECT_EQ(options->Get("NextVoucherNo"), Value(301));
     options->Update();
-    EXPECT_EQ(other->OpenQuery("SELECT * FROM Options")->Get(0), Value(201));
+    EXPECT_EQ(other->OpenQuery("SELECT * FROM Options")->Get("NextVoucherNo"), Value(301));
+    ExpectError(number::kUpdateWithoutEdit, [&] { options->Update(); });
 
-    other->Execute("INSERT INTO Options VALUES (300, 0), (400, 0)");
-    EXPECT_EQ(options->RecordCount(), 3);
-    options->SetFilter("NextVoucherNo > 250");
-    EXPECT_EQ(options->RecordCount(), 2);
-    options->MoveNext();
-    EXPECT_EQ(options->Get(0), Value(400));
-    EXPECT_EQ(options->AbsolutePosition(), 2);
     other->Execute("DELETE * FROM Options");
-    ExpectError(number::kNoCurrentRecord, [&] { (void)options->Get(0); });
-    options->Close();
-    ExpectError(number::kObjectClosed, [&] { (void)options->Get(0); });
-    ExpectError(number::kObjectClosed, [&] { options->Close(); });
+    options->Refresh();
+    ExpectError(number::kNoCurrentRecord, [&] { (void)options->Get("NextVoucherNo"); });
+    const auto empty = database_->OpenTable("Options");
+    ExpectError(number::kNoCurrentRecord, [&] { (void)empty->Get("NextVoucherNo"); });
+    ExpectError(number::kNoCurrentRecord, [&] { empty->Edit(); });
 }
 
 TEST_F(SqliteDatabaseTest, SeeksByThePrimaryKey) {
@@ -75,7 +74,6 @@ TEST_F(SqliteDatabaseTest, SeeksByThePrimaryKey) {
     ExpectError(number::kNoSuchIndex, [&] { tax->Seek(1); });
     tax->SetIndex("primarykey");
     for (const Value& key : {Value(2), Value(2.0), Value("2"), Value(" 2,0 ")}) {
-        tax->MoveFirst();
         tax->Seek(key);
         ASSERT_FALSE(tax->NoMatch());
         EXPECT_EQ(tax->Get("Rate"), Value(15.0));
@@ -145,7 +143,7 @@ TEST_F(SqliteDatabaseTest, AppendsRowsOfTheColumnsTypes) {
 TEST_F(SqliteDatabaseTest, TransactionsReachTheFileWholeOrNotAtAll) {
     Run({"CREATE TABLE T (A)"});
     const auto other = engine_.OpenDatabase(file_);
-    const auto count = [&] { return other->OpenQuery("SELECT count(*) FROM T")->Get(0); };
+    const auto count = [&] { return other->OpenQuery("SELECT count(*) AS n FROM T")->Get("n"); };
     {
         const auto abandoned = database_->BeginTransaction();
         Run({"INSERT INTO T VALUES (1)"});
@@ -172,25 +170,24 @@ TEST_F(SqliteDatabaseTest, TransactionsReachTheFileWholeOrNotAtAll) {
     EXPECT_EQ(count(), Value(2)) << "a batch keeps what was saved before the error";
 }
 
-TEST_F(SqliteDatabaseTest, AnIndexForNowLeavesNoTrace) {
+TEST_F(SqliteDatabaseTest, AScopedIndexLeavesNoTrace) {
     Run({"CREATE TABLE SalesLines (SalesID INTEGER, LineNo INTEGER, Name TEXT)",
          "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 5000) "
          "INSERT INTO SalesLines SELECT i % 1000, 1, i FROM n"});
     const std::string before = folder_.Read("Kassovia.mdb");
-    constexpr const char* kLines = "SELECT * FROM SalesLines WHERE SalesID = 17 ORDER BY LineNo";
+    constexpr const char* kLines = "SELECT * FROM SalesLines WHERE SalesID = ? ORDER BY LineNo";
     constexpr const char* kIndexes = "SELECT count(*) FROM sqlite_master WHERE type = 'index'";
-    for (const bool commit : {false, true}) {
-        const auto index = database_->IndexForNow("saleslines", "SalesID, LineNo");
+    {
+        const auto index = database_->IndexWhileInScope("saleslines", "SalesID, LineNo");
         EXPECT_EQ(One(kIndexes), Value(1));
-        const auto lines = database_->OpenQuery(kLines);
+        const auto lines = database_->OpenQuery(kLines, {17});
         EXPECT_EQ(lines->RecordCount(), 5);
         EXPECT_EQ(lines->Get("Name"), Value("17")) << "equal numbers in the order of the table";
-        if (commit) index->Commit();
     }
     EXPECT_EQ(One(kIndexes), Value(0));
     EXPECT_EQ(folder_.Read("Kassovia.mdb"), before);
     EXPECT_EQ(One("PRAGMA integrity_check"), Value("ok"));
-    ExpectError(number::kNoSuchTable, [&] { (void)database_->IndexForNow("NoTable", "A"); });
+    ExpectError(number::kNoSuchTable, [&] { (void)database_->IndexWhileInScope("NoTable", "A"); });
     Run({"DELETE * FROM SalesLines"});
 }
 
@@ -220,4 +217,4 @@ TEST_F(SqliteDatabaseTest, APreparedStatementRunsWithValues) {
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace platform::database

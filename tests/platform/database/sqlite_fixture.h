@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "platform/database/sqlite_engine.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/temp_folder.h"
 
-namespace platform {
+namespace platform::database {
 
 class SqliteTest : public ::testing::Test {
   protected:
@@ -21,13 +21,12 @@ class SqliteTest : public ::testing::Test {
             database_->Execute(sql);
     }
 
-    Value One(std::string_view sql) { return database_->OpenQuery(sql)->Get(0); }
+    Value One(std::string_view sql) { return Column(sql).at(0); }
 
     std::vector<Value> Column(std::string_view sql) {
         std::vector<Value> values;
-        for (const auto rows = database_->OpenQuery(sql); !rows->IsEof(); rows->MoveNext()) {
-            values.push_back(rows->Get(0));
-        }
+        for (const Row& row : database_->Prepare(sql)->Run({}))
+            values.push_back(row.front());
         return values;
     }
 
@@ -37,4 +36,4 @@ class SqliteTest : public ::testing::Test {
     std::unique_ptr<Database> database_ = engine_.CreateDatabase(file_);
 };
 
-}  // namespace platform
+}  // namespace platform::database

@@ -8,13 +8,13 @@
 #include <vector>
 
 #include "platform/recordset_file/writer.h"
-#include "tests/support/expect_error.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/platform/temp_folder.h"
 
 namespace {
 
-using platform::ReadAhead;
 using platform::Value;
+using platform::recordset_file::ReadAhead;
 using support::ExpectError;
 
 class ReadAheadTest : public testing::Test {
@@ -22,8 +22,9 @@ class ReadAheadTest : public testing::Test {
     // Rows numbered from 1, each with a text of so many characters.
     std::string Written(int count, std::size_t textLength) {
         const std::string name = folder_.File("Kasse1DayEndSalesLines.XML");
-        platform::RecordsetFileWriter writer(name, {{"ID", platform::ColumnType::Integer},
-                                                    {"Text", platform::ColumnType::Text, 1 << 20}});
+        platform::recordset_file::RecordsetFileWriter writer(
+            name, {{"ID", platform::recordset_file::ColumnType::Integer},
+                   {"Text", platform::recordset_file::ColumnType::Text, 1 << 20}});
         for (int i = 1; i <= count; ++i)
             writer.Write({i, std::string(textLength, static_cast<char>('a' + i % 26))});
         writer.Finish();

@@ -1,64 +1,17 @@
-#include "platform/recordset_file/reader.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "platform/recordset_file/persist_connection.h"
-#include "tests/support/expect_error.h"
-#include "tests/support/temp_folder.h"
+#include "tests/platform/recordset_file/reader_fixture.h"
 
+namespace platform::recordset_file {
 namespace {
 
-using platform::RecordsetFileReader;
-using platform::Value;
 using support::ExpectError;
-using support::TempFolder;
-
-using Row = std::vector<Value>;
-using Rows = std::vector<Row>;
-
-constexpr std::string_view kFileName = "Kasse1DayEndSales.XML";
-
-// Four columns in the form that the store system writes; the data section follows on line 15.
-constexpr std::string_view kSalesSchema =
-    R"(<xml xmlns:s='uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882'
- xmlns:dt='uuid:C2F41010-65B3-11d1-A29F-00AA00C14882'
- xmlns:rs='urn:schemas-microsoft-com:rowset' xmlns:z='#RowsetSchema'>
-<s:Schema id='RowsetSchema'><s:ElementType name='row' content='eltOnly'>
-<s:AttributeType name='ID' rs:number='1' rs:write='true'>
- <s:datatype dt:type='int' dt:maxLength='4' rs:fixedlength='true' rs:maybenull='false'/>
-</s:AttributeType>
-<s:AttributeType name='c1' rs:name='Customer Name' rs:number='2' rs:nullable='true'>
- <s:datatype dt:type='string' dt:maxLength='3' rs:maybenull='false'/></s:AttributeType>
-<s:AttributeType name='Amount' rs:number='3' rs:nullable='true'>
- <s:datatype dt:type='number' rs:dbtype='currency' dt:maxLength='8'/></s:AttributeType>
-<s:AttributeType name='Credit' rs:number='4'>
- <s:datatype dt:type='boolean' dt:maxLength='2'/></s:AttributeType>
-<s:extends type='rs:rowbase'/></s:ElementType></s:Schema>
-)";
-
-std::string Sales(std::string_view rows) {
-    return std::string(kSalesSchema) + "<rs:data>\n" + std::string(rows) + "\n</rs:data></xml>";
-}
-
-// A file whose schema section and data section are given, with the usual prefixes.
-std::string Document(std::string_view schema, std::string_view data) {
-    const std::string root(kSalesSchema.substr(0, kSalesSchema.find("<s:Schema")));
-    return root + "<s:Schema id='RowsetSchema'>" + std::string(schema) + "</s:Schema>" +
-           std::string(data) + "</xml>";
-}
-
-std::string OneColumn(std::string_view declaration, std::string_view rows) {
-    return Document("<s:ElementType name='row'><s:AttributeType " + std::string(declaration) +
-                        "/></s:ElementType>",
-                    "<rs:data>" + std::string(rows) + "</rs:data>");
-}
 
 // With the byte order mark; for texts without supplementary characters.
 std::string Utf16(const std::string& utf8, bool bigEndian) {
@@ -79,36 +32,6 @@ std::string Utf16(const std::string& utf8, bool bigEndian) {
     }
     return bytes;
 }
-
-struct Content {
-    std::vector<std::string> fields;
-    Rows rows;
-};
-
-class ReaderTest : public testing::Test {
-  protected:
-    Content Read(std::string_view bytes) {
-        folder_.Write(kFileName, bytes);
-        RecordsetFileReader reader(folder_.File(kFileName));
-        Content content{reader.Fields(), {}};
-        Row row;
-        while (reader.Next(row)) {
-            content.rows.push_back(row);
-            EXPECT_EQ(reader.RecordNumber(), static_cast<long>(content.rows.size()));
-        }
-        return content;
-    }
-
-    // The description behind the name of the file.
-    std::string Refusal(std::string_view bytes) {
-        const std::string description = ExpectError(321, [&] { Read(bytes); });
-        const std::string path = folder_.File(kFileName);
-        EXPECT_TRUE(description.starts_with(path)) << description;
-        return description.substr(std::min(path.size(), description.size()));
-    }
-
-    TempFolder folder_;
-};
 
 TEST_F(ReaderTest, FieldsAndRowsOfTheUsualForm) {
     const Content content =
@@ -225,92 +148,6 @@ TEST_F(ReaderTest, OtherEncodings) {
               std::string::npos);
 }
 
-TEST_F(ReaderTest, ErrorsNameLineRecordAndColumn) {
-    EXPECT_EQ(
-        Refusal(Sales("<z:row ID='1'/>\n<z:row\nID='2'/>\n<z:row c1='x'\nID='3' Amount='12,x'/>")),
-        ", line 19, record 3, column Amount: \"12,x\" is no number.");
-    EXPECT_EQ(Refusal(Sales("<z:row ID='1'/>\n<z:row c1='x'/>")),
-              ", line 17, record 2, column ID: there is no value, but the column can not be null.");
-    EXPECT_EQ(Refusal(Sales("<rs:update><rs:original><z:row ID='1'/></rs:original>\n"
-                            "<z:row rs:forcenull='ID'/></rs:update>")),
-              ", line 17, record 1, column ID: there is no value, but the column can not be null.");
-    EXPECT_EQ(Refusal(Sales("<z:row ID='1'/></x>")),
-              ", line 16: the XML is not well formed: mismatched tag.");
-}
-
-TEST_F(ReaderTest, RowsBeforeAFaultAreGiven) {
-    folder_.Write(kFileName, Sales("<z:row ID='1'/><z:row ID='2'/><z:row ID='x'/><z:row ID='4'/>"));
-    RecordsetFileReader reader(folder_.File(kFileName));
-    Row row;
-    ASSERT_TRUE(reader.Next(row));
-    ASSERT_TRUE(reader.Next(row));
-    EXPECT_EQ(row.at(0), Value(2));
-    for (int i = 0; i < 2; ++i) {
-        ExpectError(321, [&] { (void)reader.Next(row); });
-        EXPECT_EQ(reader.RecordNumber(), 2);
-    }
-}
-
-TEST_F(ReaderTest, AFileThatIsCutOffAnywhereIsAnError) {
-    const std::string whole = Sales("<z:row ID='1'/><rs:update><z:row ID='2'/></rs:update>");
-    ASSERT_EQ(Read(whole).rows.size(), 2U);
-    for (std::size_t size = 0; size < whole.size(); size += 7) {
-        EXPECT_NE(Refusal(whole.substr(0, size)).find(": the file ends too early"),
-                  std::string::npos)
-            << size;
-    }
-}
-
-TEST_F(ReaderTest, WhatIsNoFlatRecordsetIsRefused) {
-    const std::string data = "<rs:data><z:row A='1'/></rs:data>";
-    const std::string column = "<s:AttributeType name='A'/>";
-    const std::string type = "<s:ElementType name='row'>" + column;
-    const std::pair<std::string, const char*> cases[] = {
-        {"<recordset/>", "the root element is"},
-        {"<xml xmlns='urn:x'/>", "line 1: the root element is \"xml\" of \"urn:x\""},
-        {"<xml/>", "the file has no schema"},
-        {"<xml><d:data xmlns:d='urn:schemas-microsoft-com:rowset'/></xml>", "has no schema"},
-        {"<!DOCTYPE xml [<!ENTITY a 'aaaa'>]><xml>&a;</xml>", "DOCTYPE"},
-        {"<!DOCTYPE xml SYSTEM 'file:///etc/passwd'><xml/>", "DOCTYPE"},
-        {Document(type + "<s:ElementType name='Lines'/></s:ElementType>", data), "hierarchical"},
-        {Document(type + "<s:element type='B'/></s:ElementType>", data), "s:element"},
-        {Document(type + "</s:ElementType>" + type + "</s:ElementType>", data), "more than one"},
-        {Document("<s:ElementType name='row'/>", data), "declares no columns"},
-        {Document(type + "<s:attribute type='B'/></s:ElementType>", data), "refers to a column"},
-        {Document(type + "<s:AttributeType name='a'/></s:ElementType>", data), "twice"},
-        {OneColumn("rs:name='A'", ""), "a column has no name"},
-        {OneColumn("name='A' rs:number='x'", ""), "the ordinal"},
-        {OneColumn("name='A' rs:nullable='maybe'", ""), "neither true nor false"},
-        {OneColumn("name='A'", "<z:row A='1'><Lines B='1'/></z:row>"), "elements inside a row"},
-        {OneColumn("name='A'", "<row A='1'/>"), "unexpected element \"row\""},
-        {OneColumn("name='A'", "<z:row A='1' a='2'/>"), "the column has two values"},
-        {OneColumn("name='A'", "<rs:update><z:row/><z:row/></rs:update>"), "more than one new row"},
-        {OneColumn("name='A'", "<rs:update/>"), "an update has no row"},
-    };
-    for (const auto& [document, reason] : cases) {
-        const std::string description = Refusal(document);
-        EXPECT_NE(description.find(reason), std::string::npos) << description;
-    }
-}
-
-TEST_F(ReaderTest, HostileSizesAreRefused) {
-    std::string columns;
-    for (int i = 0; i < 2001; ++i)
-        columns += "<s:AttributeType name='c" + std::to_string(i) + "'/>";
-    const std::string rowType = "<s:ElementType name='row'>" + columns + "</s:ElementType>";
-    EXPECT_NE(Refusal(Document(rowType, "")).find("more than 2000 columns"), std::string::npos);
-
-    const std::string text(17UL * 1024 * 1024, 'x');
-    EXPECT_NE(Refusal(Sales("<z:row ID='1' c1='" + text + "'/>")).find("longer than 16 MiB"),
-              std::string::npos);
-    EXPECT_NE(Refusal("<!--" + text + "-->").find("longer than 16 MiB"), std::string::npos);
-
-    std::string nested = std::string(kSalesSchema);
-    for (int i = 0; i < 100; ++i)
-        nested += "<a>";
-    EXPECT_NE(Refusal(nested).find("nested too deep"), std::string::npos);
-}
-
 TEST_F(ReaderTest, LongTextsAndManyRowsCrossTheChunksUnharmed) {
     std::string rows;
     for (int i = 1; i <= 3000; ++i) {
@@ -328,21 +165,15 @@ TEST_F(ReaderTest, LongTextsAndManyRowsCrossTheChunksUnharmed) {
     EXPECT_EQ(content.rows.back().at(1), Value(longText));
 }
 
-TEST_F(ReaderTest, FilesThatCanNotBeOpened) {
-    const std::string missing = folder_.File("None.XML");
-    EXPECT_NE(ExpectError(53, [&] { RecordsetFileReader reader(missing); }).find(missing),
-              std::string::npos);
-    ExpectError(75, [&] { RecordsetFileReader reader(folder_.Path().string()); });
-}
-
 TEST_F(ReaderTest, AConnectionOpensTheWholeFile) {
     folder_.Write(kFileName, Sales("<z:row ID='1'/><z:row ID='2' Amount='3'/>"));
-    const platform::PersistConnection connection("provider=mspersist;");
+    const PersistConnection connection("provider=mspersist;");
     const auto recordset = connection.OpenRecordset(folder_.File("kasse1dayendsales.xml"));
     EXPECT_EQ(recordset->RecordCount(), 2);
     recordset->MoveNext();
     EXPECT_EQ(recordset->Get("amount"), Value(3.0));
-    ExpectError(5, [] { platform::PersistConnection("Provider=Other;"); });
+    ExpectError(5, [] { PersistConnection("Provider=Other;"); });
 }
 
 }  // namespace
+}  // namespace platform::recordset_file

@@ -7,14 +7,14 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/expect_error.h"
+#include "tests/support/platform/expect_error.h"
 
 namespace {
 
 using platform::DateTime;
-using platform::FieldTypeOf;
-using platform::ReadValue;
 using platform::Value;
+using platform::recordset_file::FieldTypeOf;
+using platform::recordset_file::ReadValue;
 
 struct ValueCase {
     const char* type;
@@ -98,8 +98,9 @@ TEST(TypedValueTest, TextsThatTheirTypeDoesNotAllow) {
 }
 
 TEST(TypedValueTest, LongTextsAreCutInDescriptions) {
-    EXPECT_EQ(platform::Quoted("12,x"), "\"12,x\"");
-    EXPECT_EQ(platform::Quoted(std::string(100, 'a')), '"' + std::string(60, 'a') + "...\"");
+    EXPECT_EQ(platform::recordset_file::Quoted("12,x"), "\"12,x\"");
+    EXPECT_EQ(platform::recordset_file::Quoted(std::string(100, 'a')),
+              '"' + std::string(60, 'a') + "...\"");
 }
 
 }  // namespace

@@ -8,17 +8,17 @@
 #include <vector>
 
 #include "platform/recordset_file/reader.h"
-#include "tests/support/expect_error.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/platform/temp_folder.h"
 
 namespace {
 
-using platform::ColumnType;
 using platform::DateTime;
-using platform::RecordsetColumn;
-using platform::RecordsetFileReader;
-using platform::RecordsetFileWriter;
 using platform::Value;
+using platform::recordset_file::ColumnType;
+using platform::recordset_file::RecordsetColumn;
+using platform::recordset_file::RecordsetFileReader;
+using platform::recordset_file::RecordsetFileWriter;
 using support::ExpectError;
 
 using Row = std::vector<Value>;

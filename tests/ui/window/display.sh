@@ -2,7 +2,7 @@
 # A display in memory, and a hand on its keyboard and mouse. Sourced by what shows the window there;
 # needs `folder`, a directory for its files, and `fail MESSAGE`.
 
-readonly screen_width=1024
+readonly screen_width=1024 screen_height=768
 display_pid=
 
 # eventually COMMAND...: true as soon as the command is; false when it was not for 30 seconds.
@@ -20,8 +20,9 @@ start_display() {
     for tool in Xvfb xdotool; do
         command -v "$tool" >/dev/null || fail "$tool is not installed"
     done
-    Xvfb -displayfd 3 -screen 0 "${screen_width}x768x24" -nolisten tcp -fbdir "$folder" \
-        3>"$folder/display" 2>/dev/null &
+    # It stays as it is when its last client leaves: a reset would turn the next one away.
+    Xvfb -displayfd 3 -screen 0 "${screen_width}x${screen_height}x24" -nolisten tcp -noreset \
+        -fbdir "$folder" 3>"$folder/display" 2>/dev/null &
     display_pid=$!
     eventually test -s "$folder/display" || fail "Xvfb does not start"
     DISPLAY=:$(cat "$folder/display")

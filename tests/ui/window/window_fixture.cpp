@@ -78,20 +78,20 @@ void BoxAnswers::Look() {
 
 Window::Window()
     : driver_(shop.settings, contents, shop.runState,
-              {[this](const std::string& name) {
-                   transferred += name + ";";
-                   transfer(name);
+              {[this](const store::DataSet& dataSet) {
+                   transferred += dataSet.Name() + ";";
+                   transfer(dataSet.Name());
                    return false;
                },
                nullptr},
               face, shop.clock, noProcesses_) {}
 
-ui::MainWindow& Window::Open(const std::vector<const char*>& dataSets) {
+ui::window::MainWindow& Window::Open(const std::vector<const char*>& dataSets) {
     for (const char* name : dataSets) {
         shop.folder.Write(std::string(name) + "DayEndSales.XML", "");
     }
     contents.Load();
-    window_ = std::make_unique<ui::MainWindow>(contents, driver_, face);
+    window_ = std::make_unique<ui::window::MainWindow>(contents, driver_, face);
     face.ConnectTo(*window_);
     window_->show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));

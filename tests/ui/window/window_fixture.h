@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/test_shop.h"
+#include "tests/support/ui/test_shop.h"
 #include "ui/window/window_operator.h"
 
 namespace support {
@@ -68,7 +68,7 @@ class Window : public testing::Test {
     std::function<void(const std::string& name)> transfer = [](const std::string&) {};
 
     // Shows the window on these data sets, with the focus in the list.
-    ui::MainWindow& Open(const std::vector<const char*>& dataSets);
+    ui::window::MainWindow& Open(const std::vector<const char*>& dataSets);
 
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(window_->windowHandle(), key, modifiers);
@@ -81,8 +81,10 @@ class Window : public testing::Test {
     // The program's exit status when this access key is pressed and it then ends by itself.
     [[nodiscard]] int RunUntilEndAfter(Qt::Key accessKey);
 
-    [[nodiscard]] QListWidget& DataSets() const { return *Control<QListWidget>("Datasett som"); }
-    [[nodiscard]] QListWidget& Log() const { return *Control<QListWidget>("Status"); }
+    [[nodiscard]] QListWidget& DataSets() const {
+        return *window_->findChild<QListWidget*>("ListDayEnd");
+    }
+    [[nodiscard]] QListWidget& Log() const { return *window_->findChild<QListWidget*>("List"); }
     [[nodiscard]] std::string Focused() const;
     [[nodiscard]] std::string Selected() const;
 
@@ -90,22 +92,14 @@ class Window : public testing::Test {
 
     TestShop shop;
     BoxAnswers boxes;
-    ui::WindowOperator face;
+    ui::window::WindowOperator face;
     ui::frmMain contents{shop.settings, face};
     std::string transferred;
 
   private:
-    template <class Widget>
-    [[nodiscard]] Widget* Control(const char* accessibleName) const {
-        for (Widget* each : window_->findChildren<Widget*>()) {
-            if (each->accessibleName().startsWith(accessibleName)) return each;
-        }
-        throw std::runtime_error(std::string("no control ") + accessibleName);
-    }
-
     NoProcesses noProcesses_;
     ui::RunDriver driver_;
-    std::unique_ptr<ui::MainWindow> window_;
+    std::unique_ptr<ui::window::MainWindow> window_;
 };
 
 }  // namespace support
