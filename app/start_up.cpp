@@ -28,7 +28,7 @@ AfterStartUp StartUp::Main(StartFor purpose) {
         return AfterStartUp::EndProgram;
     }
     DeriveAccountingFlags(appSettings_);
-    if (purpose == StartFor::Work) FinishInterruptedDay();
+    if (purpose == StartFor::Work) FinishWhatWasPosted();
     window_.Load();
     return AfterStartUp::Run;
 }
@@ -40,12 +40,14 @@ void StartUp::ReadSettings() {
     ReadStoreSettings(iniFile, programFolder_, surroundings_.clock, appSettings_);
 }
 
-// A server that was ended while it placed a day has posted it: the list must not offer it again.
-void StartUp::FinishInterruptedDay() {
+// A server may have been ended after it posted a day: the list must not offer that again.
+void StartUp::FinishWhatWasPosted() {
     const auto dataSet = fileexport::FinishInterruptedDay(surroundings_.clock);
-    if (!dataSet) return;
-    window_.AppendStatusLine("Datasett " + dataSet->DisplayName() +
-                             " ble avbrutt mens filene ble lagt på plass, og er nå ferdig.");
+    if (dataSet) {
+        window_.AppendStatusLine("Datasett " + dataSet->DisplayName() +
+                                 " ble avbrutt mens filene ble lagt på plass, og er nå ferdig.");
+    }
+    if (appSettings_.AccountingSystem == "SAP") sapTransfer_.FinishPostedDays();
 }
 
 ui::Transfers StartUp::MakeTransfers() {

@@ -51,7 +51,7 @@ class StartUp {
 
   private:
     void ReadSettings();
-    void FinishInterruptedDay();
+    void FinishWhatWasPosted();
     [[nodiscard]] ui::Transfers MakeTransfers();
 
     std::string programFolder_;

@@ -20,7 +20,7 @@ OpenShop::OpenShop() {
 }
 
 void OpenShop::Import() {
-    store::ImportDataSet(store::DataSet(kDataSet), *databases.WorkConnection);
+    store::ImportDataSet(store::WaitingFiles(store::DataSet(kDataSet)), *databases.WorkConnection);
 }
 
 void OpenShop::WriteOrderFile() {

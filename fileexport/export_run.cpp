@@ -32,24 +32,24 @@ ExportRun::ExportRun(const app::AppSettings& appSettings, const store::Databases
 
 bool ExportRun::ExportDataSet(const store::DataSet& dataSet) {
     if (!ui::DataSetFilesExist(dataSet, statusLog_)) return false;
-    store::ImportDataSet(dataSet, *databases_.WorkConnection);
-    OpenSales(dataSet);
+    const store::WaitingFiles files(dataSet);
+    files.GiveUpFinishedNames();
+    store::ImportDataSet(files, *databases_.WorkConnection);
+    OpenSales(files);
     if (runState_.SalesRecordset->IsEof()) return false;  // kept: quiet-ends. Nobody is told.
 
     OpenVoucherFile();
     OpenOrderFile();
-    WriteOrders(dataSet);
+    WriteOrders(files);
     // From here on records lose their marks for good, so what can be known to fail fails before,
     // even for an operator who would say No at the end.
     orderFile_->Flush();
-    RequireRoomForPlacing(dataSet);
+    RequireRoomForPlacing(files);
     WriteMasterData(*voucherFile_, *databases_.StoreDatabase, options_);
     WriteVouchers();
 
     if (ui::OperatorWantsRenaming(runState_, operator_, appSettings_.AppTitle)) {
-        RequireRoomForPlacing(dataSet);
-        CloseImportFiles();
-        PlaceDay(dataSet, {appSettings_.EDIFileName, appSettings_.VoucherFileName}, clock_);
+        Place(dataSet, files);
     } else {
         // kept: orders-left-open. The order file's working copy stays, open: the next data set of
         // this program ends with error 55.
@@ -58,13 +58,13 @@ bool ExportRun::ExportDataSet(const store::DataSet& dataSet) {
     return false;
 }
 
-void ExportRun::OpenSales(const store::DataSet& dataSet) {
+void ExportRun::OpenSales(const store::WaitingFiles& files) {
     ui::OpenPersistConnection(runState_);
-    runState_.SalesRecordset = runState_.PersistConnection->OpenRecordset(dataSet.SalesFile());
+    runState_.SalesRecordset = runState_.PersistConnection->OpenRecordset(files.SalesFile());
 }
 
-void ExportRun::WriteOrders(const store::DataSet& dataSet) {
-    const auto lines = runState_.PersistConnection->OpenForwardOnly(dataSet.SalesLinesFile());
+void ExportRun::WriteOrders(const store::WaitingFiles& files) {
+    const auto lines = runState_.PersistConnection->OpenForwardOnly(files.SalesLinesFile());
     WriteOrderFileBody(*orderFile_, recordCounter_,
                        {*runState_.SalesRecordset, *lines, options_, databases_});
 }
@@ -111,10 +111,20 @@ bool ExportRun::OperatorWantsOverwriting() {
 
 // What can be known to fail later fails here, before the first file is placed: a day that is placed
 // in part keeps the server from starting until the reason is mended.
-void ExportRun::RequireRoomForPlacing(const store::DataSet& dataSet) const {
+void ExportRun::RequireRoomForPlacing(const store::WaitingFiles& files) const {
     platform::RequirePlaceForFile(appSettings_.EDIFileName);
     platform::RequirePlaceForFile(appSettings_.VoucherFileName);
-    dataSet.RequireRoomForFinishedNames();
+    const store::FinishedNames trial = files.TryFinishedNames(clock_);
+    RequireRoomForNote();
+    files.RequireUnchanged();
+}
+
+void ExportRun::Place(const store::DataSet& dataSet, const store::WaitingFiles& files) {
+    RequireRoomForPlacing(files);
+    CloseImportFiles();
+    store::FinishedNames finishedNames(files, clock_);
+    files.RequireUnchanged();
+    PlaceDay(dataSet, {appSettings_.EDIFileName, appSettings_.VoucherFileName}, finishedNames);
 }
 
 // Both working copies are complete on disk before the first of them takes its name, and each takes

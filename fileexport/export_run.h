@@ -11,6 +11,7 @@
 #include "store/data_set.h"
 #include "store/databases.h"
 #include "store/options.h"
+#include "store/waiting_files.h"
 #include "ui/run_state.h"
 #include "ui/status_log.h"
 
@@ -27,13 +28,14 @@ class ExportRun {
     bool ExportDataSet(const store::DataSet& dataSet);
 
   private:
-    void OpenSales(const store::DataSet& dataSet);
-    void WriteOrders(const store::DataSet& dataSet);
+    void OpenSales(const store::WaitingFiles& files);
+    void WriteOrders(const store::WaitingFiles& files);
     void WriteVouchers();
     void OpenVoucherFile();
     void OpenOrderFile();
     [[nodiscard]] bool OperatorWantsOverwriting();
-    void RequireRoomForPlacing(const store::DataSet& dataSet) const;
+    void RequireRoomForPlacing(const store::WaitingFiles& files) const;
+    void Place(const store::DataSet& dataSet, const store::WaitingFiles& files);
     void CloseImportFiles();
     void DiscardVoucherFile();
 

@@ -16,6 +16,7 @@ using platform::StampOf;
 
 constexpr const char* kNoteName = "KVDayEndServer.placing";
 constexpr FileStamp kNoFile{};
+constexpr std::size_t kMostOfNote = 8192;  // bytes: names of files and some numbers
 
 // A day on its way to its place: what the files were when it was noted, and how far it has come.
 struct Note {
@@ -28,8 +29,10 @@ struct Note {
     bool isPlaced = false;                  // both import files
 };
 
+// Their names on disk; empty where there is none.
 std::array<std::string, 2> DataSetFilesOf(const Note& note) {
-    return {note.dataSet.SalesFile(), note.dataSet.SalesLinesFile()};
+    return {note.dataSet.FindSalesFile().value_or(""),
+            note.dataSet.FindSalesLinesFile().value_or("")};
 }
 
 FileStamp StampNow(const std::string& name) {
@@ -108,8 +111,11 @@ void PlaceVouchers(const Note& note) {
 
 void MarkDataSet(const Note& note, const platform::Clock& clock) {
     const std::array<std::string, 2> files = DataSetFilesOf(note);
+    const std::array<std::string, 2> usual = {note.dataSet.SalesFile(),
+                                              note.dataSet.SalesLinesFile()};
     for (std::size_t i = 0; i < files.size(); ++i) {
-        if (IsThere(files[i], note.dataSetFiles[i])) store::RenameToFinished(files[i], clock);
+        if (!IsThere(files[i], note.dataSetFiles[i])) continue;
+        store::Finish(platform::HeldFile(files[i]), usual[i], clock);
     }
 }
 
@@ -135,14 +141,20 @@ std::string WorkingCopy(const std::string& fileName) {
 }
 
 void PlaceDay(const store::DataSet& dataSet, const ImportFiles& importFiles,
-              const platform::Clock& clock) {
+              store::FinishedNames& finishedNames) {
     Note note = NoteOf(dataSet, importFiles);
     Write(note);
     PlaceImportFile(importFiles.orders);
     PlaceImportFile(importFiles.vouchers);
     NoteAsPlaced(note);
-    dataSet.MarkAsTransferred(clock);
+    finishedNames.Keep();
     platform::DeleteFile(kNoteName);
+}
+
+void RequireRoomForNote() {
+    const std::string trial = std::string(kNoteName) + "~";
+    platform::WriteWholeFile(trial, std::string(kMostOfNote, ' '));
+    platform::DeleteFile(trial);
 }
 
 std::optional<store::DataSet> FinishInterruptedDay(const platform::Clock& clock) {

@@ -8,6 +8,7 @@
 
 #include "platform/clock.h"
 #include "store/data_set.h"
+#include "store/waiting_files.h"
 
 namespace fileexport {
 
@@ -21,9 +22,13 @@ struct ImportFiles {
 [[nodiscard]] std::string WorkingCopy(const std::string& fileName);
 
 // Places a day whose import files are complete as working copies: the order file first, then the
-// voucher file, the sales, the sales lines. After an error the note stays.
+// voucher file; then the data-set files keep their finished names alone. After an error the note
+// stays.
 void PlaceDay(const store::DataSet& dataSet, const ImportFiles& importFiles,
-              const platform::Clock& clock);
+              store::FinishedNames& finishedNames);
+
+// Error 61, 70 or 75 unless a day can be noted.
+void RequireRoomForNote();
 
 // Places what is left of a noted day and gives its data set; nothing where no day is noted, or none
 // of it was placed: it still waits. Data-set files that are not the noted ones belong to a later

@@ -33,6 +33,9 @@ constexpr std::string_view kTables[] = {
     R"(CREATE TABLE JDT1 (
         TransId INTEGER, Line_ID INTEGER, Account TEXT, ShortName TEXT, Debit REAL, Credit REAL,
         PRIMARY KEY (TransId, Line_ID)))",
+
+    // The days that have been posted: Code and Name are a day's mark.
+    R"(CREATE TABLE "@KVDAYEND" (Code TEXT PRIMARY KEY, Name TEXT))",
 };
 
 // Invoice, credit note, delivery, return, order: a table of heads and one of lines each.

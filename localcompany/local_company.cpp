@@ -26,6 +26,12 @@ namespace error_code = platform::sapdi::error_code;
 
 namespace {
 
+// A company that was made by others may lack the table of marks.
+constexpr std::string_view kMarkTable = "@KVDAYEND";
+constexpr std::string_view kMarkQuery = R"(SELECT 1 FROM "@KVDAYEND" WHERE Code = ?)";
+constexpr std::string_view kMarkInsertion =
+    R"(INSERT INTO "@KVDAYEND" (Code, Name) VALUES (?1, ?1))";
+
 // Objects share the session, so that one that is left over when the company goes is unconnected.
 class LocalCompany : public Company {
   public:
@@ -57,6 +63,10 @@ class LocalCompany : public Company {
     void EndTransaction(TransactionEnd end) override { session_->EndTransaction(end); }
     [[nodiscard]] bool InTransaction() const override { return session_->InTransaction(); }
 
+    [[nodiscard]] bool KeepsMarks() const override;
+    [[nodiscard]] bool HasMark(std::string_view mark) const override;
+    void AddMark(std::string_view mark) override;
+
     [[nodiscard]] std::unique_ptr<BusinessObject> GetBusinessObject(ObjectType type) override;
 
   private:
@@ -83,6 +93,24 @@ std::int32_t LocalCompany::Connect() {
     }
     session_->ClearLastError();
     return 0;
+}
+
+bool LocalCompany::KeepsMarks() const {
+    try {
+        (void)session_->Connected().OpenTable(kMarkTable);
+        return true;
+    } catch (const RuntimeError& error) {
+        if (error.Number() != error_number::kNoSuchTable) throw;
+        return false;
+    }
+}
+
+bool LocalCompany::HasMark(std::string_view mark) const {
+    return !session_->Run(kMarkQuery, {std::string(mark)}).empty();
+}
+
+void LocalCompany::AddMark(std::string_view mark) {
+    (void)session_->Run(kMarkInsertion, {std::string(mark)});
 }
 
 std::unique_ptr<BusinessObject> LocalCompany::GetBusinessObject(ObjectType type) {

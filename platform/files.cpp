@@ -115,6 +115,11 @@ fs::path BehindLink(const fs::path& path) {
     return failure ? path : target;
 }
 
+// A file system without hard links, or somebody else's file, of which the system makes none.
+bool MeansNoSecondNames(int errnoValue) {
+    return errnoValue == EPERM || errnoValue == EOPNOTSUPP || errnoValue == EMLINK;
+}
+
 // Who may write the file that is replaced may write the new one, as far as the system lets it.
 void TakeOwnerAndModeOf(const fs::path& existing, const fs::path& file) {
     struct stat status {};
@@ -124,7 +129,7 @@ void TakeOwnerAndModeOf(const fs::path& existing, const fs::path& file) {
     (void)::chmod(file.c_str(), status.st_mode & kept);
 }
 
-void MoveAcrossFileSystems(const fs::path& source, const fs::path& target) {
+void CopyBeside(const fs::path& source, const fs::path& target) {
     const Descriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
     if (!from.IsOpen()) throw ErrorFromErrno(errno, "read", source.string());
     ReplacementFile file(target);
@@ -133,6 +138,10 @@ void MoveAcrossFileSystems(const fs::path& source, const fs::path& target) {
     if (failure == 0) failure = file.TakeOwnerAndMode(from.Get());
     if (failure == 0) failure = file.Commit();
     if (failure != 0) throw ErrorOfMoving(failure, source, target);
+}
+
+void MoveAcrossFileSystems(const fs::path& source, const fs::path& target) {
+    CopyBeside(source, target);
     if (::unlink(source.c_str()) != 0) throw ErrorFromErrno(errno, "delete", source.string());
 }
 
@@ -203,13 +212,17 @@ void WriteWholeFile(std::string_view name, std::string_view content) {
     if (failure != 0) throw ErrorOfCreating(failure, "write", path);
 }
 
+FileStamp StampFrom(const struct stat& status) {
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    return {status.st_ino, static_cast<std::uint64_t>(status.st_size),
+            status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
+}
+
 std::optional<FileStamp> StampOf(std::string_view name) {
     struct stat status {};
     if (::stat(ResolvePath(name).c_str(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
-    constexpr std::int64_t kNanoseconds = 1'000'000'000;
-    return FileStamp{status.st_ino, static_cast<std::uint64_t>(status.st_size),
-                     status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
+    return StampFrom(status);
 }
 
 void MoveFile(std::string_view from, std::string_view to) {
@@ -242,14 +255,21 @@ void KeepAside(std::string_view name) {
         const fs::path aside = path.string() + "." + std::to_string(number);
         if (::linkat(AT_FDCWD, path.c_str(), AT_FDCWD, aside.c_str(), 0) == 0) return;
         if (errno == EEXIST) continue;
-        if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOTSUP) {
-            throw ErrorOfMoving(errno, path, aside);
-        }
-        // A file system without hard links.
+        if (!MeansNoSecondNames(errno)) throw ErrorOfMoving(errno, path, aside);
         if (::renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, aside.c_str(), RENAME_NOREPLACE) == 0)
             return;
         if (errno != EEXIST) throw ErrorOfMoving(errno, path, aside);
     }
+}
+
+void AddName(std::string_view from, const fs::path& to) {
+    const fs::path source = ResolvePath(from);
+    if (::linkat(AT_FDCWD, source.c_str(), AT_FDCWD, to.c_str(), 0) != 0) {
+        if (!MeansNoSecondNames(errno)) throw ErrorOfMoving(errno, source, to);
+        return CopyBeside(source, to);
+    }
+    if (const int failure = SyncFolderOf(to); failure != 0)
+        throw ErrorOfMoving(failure, source, to);
 }
 
 void DeleteFile(std::string_view name) {

@@ -3,6 +3,8 @@
 // RuntimeError (53, 61, 70, 75, 76) with the path in the description.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -42,6 +44,8 @@ struct FileStamp {
     friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
 
+[[nodiscard]] FileStamp StampFrom(const struct stat& status);
+
 // Nothing where there is no regular file of that name.
 [[nodiscard]] std::optional<FileStamp> StampOf(std::string_view name);
 
@@ -53,6 +57,10 @@ void MoveFile(std::string_view from, std::string_view to);
 // Gives a file of that name, where there is one, a second name: `name` + ".1", or the first number
 // that is free. So it outlives whatever takes its place. Error 75 where it can not be kept.
 void KeepAside(std::string_view name);
+
+// Gives the file `from` the name `to` beside its own, in exactly this spelling; on disk. Where the
+// file system knows no second names, `to` is a copy. Error 75 where there is something already.
+void AddName(std::string_view from, const std::filesystem::path& to);
 
 void DeleteFile(std::string_view name);  // for good, also on disk; 53 where there is none
 

@@ -45,9 +45,8 @@ void SetUserLogin(Company& company, const TransferContext& context) {
             : settings.SAPPassword);
 }
 
-}  // namespace
-
-bool LogonToSAP(const TransferContext& context, platform::sapdi::Connector& connector) {
+// The outcome of the connect: 0 for a connected company.
+std::int32_t Connect(const TransferContext& context, platform::sapdi::Connector& connector) {
     context.objects.SAPCompany = connector.CreateCompany();
     Company& company = *context.objects.SAPCompany;
     company.SetUseTrusted(WantsTrustedLogin(context.AppSettings.SAPUseTrusted));
@@ -56,11 +55,31 @@ bool LogonToSAP(const TransferContext& context, platform::sapdi::Connector& conn
     company.SetCompanyDB(context.AppSettings.SAPCompanyDatabase);
     SetUserLogin(company, context);
     company.SetLanguage(platform::sapdi::kEnglish);
-    if (company.Connect() == 0) return true;
+    return company.Connect();
+}
 
-    const platform::sapdi::LastError error = company.GetLastError();
+bool LeaveNothingToAsk(const app::AppSettings& settings) {
+    const bool isDatabaseLoginSet =
+        WantsTrustedLogin(settings.SAPUseTrusted) ||
+        (!platform::IsBlank(settings.SAPDBUser) && !platform::IsBlank(settings.SAPDBPassword));
+    return isDatabaseLoginSet && !platform::IsBlank(settings.SAPUserName) &&
+           !platform::IsBlank(settings.SAPPassword);
+}
+
+}  // namespace
+
+bool LogonToSAP(const TransferContext& context, platform::sapdi::Connector& connector) {
+    if (Connect(context, connector) == 0) return true;
+    const platform::sapdi::LastError error = context.objects.SAPCompany->GetLastError();
     context.Warn("Feil ved pålogging til SAP.\nSAP feilkode var " + std::to_string(error.code) +
                  ": " + error.text);
+    return false;
+}
+
+bool LogonUnasked(const TransferContext& context, platform::sapdi::Connector& connector) {
+    if (!LeaveNothingToAsk(context.AppSettings)) return false;
+    if (Connect(context, connector) == 0) return true;
+    context.objects.SAPCompany.Release();
     return false;
 }
 

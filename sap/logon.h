@@ -14,6 +14,11 @@ namespace sap {
 [[nodiscard]] bool LogonToSAP(const TransferContext& context,
                               platform::sapdi::Connector& connector);
 
+// Connects likewise where the settings leave nothing to ask for, and tells nobody. False where they
+// do, and where the connect fails.
+[[nodiscard]] bool LogonUnasked(const TransferContext& context,
+                                platform::sapdi::Connector& connector);
+
 // Ends an open transaction, disconnects and releases SAPCompany.
 void CloseSAPCompany(const TransferContext& context, platform::sapdi::TransactionEnd end);
 

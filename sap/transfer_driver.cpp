@@ -66,14 +66,21 @@ bool TransferDriver::TransferDataSetToSAP(const store::DataSet& dataSet) {
             "Rett feilene og forsøk dagsoppgjør igjen.");
         return false;
     }
-    if (!OpenSales(dataSet)) return false;
+    const store::WaitingFiles files(dataSet);
+    if (!OpenSales(files)) return false;
     // kept: logon-each-day. What the settings leave blank is asked for again.
     // kept: quiet-ends. A failed logon is told, and the error flag stays clear.
     if (DocumentsAreWanted() && !LogonToSAP(context_, connector_)) return false;
+    if (FinishedAsPosted(dataSet, files)) {
+        CloseSAPCompany(context_, TransactionEnd::RollBack);
+        return false;
+    }
+    files.GiveUpFinishedNames();
+    (void)files.TryFinishedNames(clock_);
     TransferMasterData();
     if (DocumentsAreWanted()) context_.objects.SAPCompany->StartTransaction();
-    TransferSales(dataSet);
-    Complete(dataSet);
+    TransferSales(files);
+    Complete(files);
     return false;
 }
 
@@ -83,13 +90,34 @@ bool TransferDriver::ValidateSales() const {
     return true;
 }
 
-bool TransferDriver::OpenSales(const store::DataSet& dataSet) {
-    runState_.SalesRecordset = runState_.PersistConnection->OpenRecordset(dataSet.SalesFile());
+bool TransferDriver::OpenSales(const store::WaitingFiles& files) {
+    runState_.SalesRecordset = runState_.PersistConnection->OpenRecordset(files.SalesFile());
     if (!runState_.SalesRecordset->IsEof()) return true;
     context_.theOperator.Show({context_.AppSettings.AppTitle, "Det er ingenting å overføre.",
                                platform::Icon::Information});
     runState_.SalesRecordset.Release();
     return false;
+}
+
+bool TransferDriver::FinishedAsPosted(const store::DataSet& dataSet,
+                                      const store::WaitingFiles& files) {
+    if (!DocumentsAreWanted()) return false;
+    const platform::sapdi::Company& company = *context_.objects.SAPCompany;
+    if (!company.KeepsMarks() || !company.HasMark(files.Mark())) return false;
+    files.RequireUnchanged();
+    files.Finish(clock_);
+    statusLog_.AppendStatusLine("Datasett " + dataSet.DisplayName() +
+                                " er ført i SAP fra før, og filene har nå fått ferdige navn.");
+    return true;
+}
+
+void TransferDriver::FinishPostedDays() {
+    if (!DocumentsAreWanted()) return;
+    const std::vector<store::DataSet> waiting = store::DataSet::Waiting();
+    if (waiting.empty() || !LogonUnasked(context_, connector_)) return;
+    for (const store::DataSet& dataSet : waiting)
+        (void)FinishedAsPosted(dataSet, store::WaitingFiles(dataSet));
+    CloseSAPCompany(context_, TransactionEnd::RollBack);
 }
 
 // kept: master-data-stays. Outside the transaction: a roll-back leaves in SAP what is there.
@@ -111,8 +139,8 @@ void TransferDriver::TransferMasterData() {
     });
 }
 
-void TransferDriver::TransferSales(const store::DataSet& dataSet) {
-    const SaleLines saleLines(*runState_.PersistConnection, dataSet.SalesLinesFile());
+void TransferDriver::TransferSales(const store::WaitingFiles& files) {
+    const SaleLines saleLines(*runState_.PersistConnection, files.SalesLinesFile());
     context_.Options.Refresh();
     ClientRecordset& sales = *runState_.SalesRecordset;
     for (; !sales.IsEof(); sales.MoveNext()) {
@@ -137,21 +165,34 @@ void TransferDriver::TransferSale(const store::Sale& sale, const SaleLines& sale
     }
 }
 
-void TransferDriver::Complete(const store::DataSet& dataSet) {
+void TransferDriver::Complete(const store::WaitingFiles& files) {
     if (context_.DataSetHasErrors) {
         if (DocumentsAreWanted()) CloseSAPCompany(context_, TransactionEnd::RollBack);
         return;
     }
     const bool isConfirmed =
         ui::OperatorWantsRenaming(runState_, context_.theOperator, context_.AppSettings.AppTitle);
-    // A day that is committed but can not be renamed would be offered, and posted, again.
-    if (isConfirmed) dataSet.RequireRoomForFinishedNames();
-    if (DocumentsAreWanted()) {
-        const TransactionEnd end = isConfirmed ? TransactionEnd::Commit : TransactionEnd::RollBack;
-        context_.objects.SAPCompany->EndTransaction(end);
-        CloseSAPCompany(context_, end);
+    if (isConfirmed) {
+        Commit(files);
+    } else if (DocumentsAreWanted()) {
+        context_.objects.SAPCompany->EndTransaction(TransactionEnd::RollBack);
+        CloseSAPCompany(context_, TransactionEnd::RollBack);
     }
-    if (isConfirmed) dataSet.MarkAsTransferred(clock_);
+}
+
+// A day that is committed but waits on would be posted again: its files have their finished names
+// before the commit, beside the waiting ones, and its mark goes with it.
+void TransferDriver::Commit(const store::WaitingFiles& files) {
+    (void)files.TryFinishedNames(clock_);
+    store::FinishedNames finishedNames(files, clock_);
+    files.RequireUnchanged();
+    if (DocumentsAreWanted()) {
+        platform::sapdi::Company& company = *context_.objects.SAPCompany;
+        if (company.KeepsMarks()) company.AddMark(files.Mark());
+        company.EndTransaction(TransactionEnd::Commit);
+        CloseSAPCompany(context_, TransactionEnd::Commit);
+    }
+    finishedNames.Keep();
 }
 
 // kept: no-day-end. Master data and payment-only receipts go all the same, and find no company.

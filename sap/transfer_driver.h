@@ -8,6 +8,7 @@
 #include "store/data_set.h"
 #include "store/databases.h"
 #include "store/sale.h"
+#include "store/waiting_files.h"
 #include "ui/run_state.h"
 #include "ui/status_log.h"
 
@@ -24,13 +25,21 @@ class TransferDriver {
     // sales in one transaction. The answer is always false.
     bool TransferDataSetToSAP(const store::DataSet& dataSet);
 
+    // Gives the files of waiting days that SAP holds already their finished names: a server was
+    // ended before it did. Where that can not be known without asking for a password, each such day
+    // is finished when it is started.
+    void FinishPostedDays();
+
   private:
     [[nodiscard]] bool ValidateSales() const;
-    [[nodiscard]] bool OpenSales(const store::DataSet& dataSet);
+    [[nodiscard]] bool OpenSales(const store::WaitingFiles& files);
+    [[nodiscard]] bool FinishedAsPosted(const store::DataSet& dataSet,
+                                        const store::WaitingFiles& files);
     void TransferMasterData();
-    void TransferSales(const store::DataSet& dataSet);
+    void TransferSales(const store::WaitingFiles& files);
     void TransferSale(const store::Sale& sale, const SaleLines& saleLines);
-    void Complete(const store::DataSet& dataSet);
+    void Complete(const store::WaitingFiles& files);
+    void Commit(const store::WaitingFiles& files);
     [[nodiscard]] bool DocumentsAreWanted() const;
 
     const store::Databases& databases_;

@@ -6,7 +6,7 @@
 # To build the programs.
 build_packages=(
     g++ cmake ninja-build
-    libsqlite3-dev libexpat1-dev libcrypt-dev libcli11-dev nlohmann-json3-dev
+    libsqlite3-dev libexpat1-dev libcrypt-dev libssl-dev libcli11-dev nlohmann-json3-dev
     qt6-base-dev libqt6svg6
 )
 

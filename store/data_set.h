@@ -1,12 +1,11 @@
-// A day-end data set: the pair of files that a prefix names, how the operator sees it, and the
-// names that the files get when the set is done.
+// A day-end data set: the pair of files that a prefix names, and how the operator sees it.
 #pragma once
 
-#include <array>
+#include <optional>
 #include <string>
 #include <string_view>
-
-#include "platform/clock.h"
+#include <utility>
+#include <vector>
 
 namespace store {
 
@@ -19,30 +18,26 @@ class DataSet {
     // one, also where files really bear such a prefix.
     [[nodiscard]] static DataSet OfDisplayName(std::string_view displayName);
 
+    // Those of which both files are in the folder, by the names of their sales files.
+    [[nodiscard]] static std::vector<DataSet> Waiting();
+
     [[nodiscard]] const std::string& Name() const { return name_; }
     [[nodiscard]] std::string DisplayName() const;
 
+    // What the files are called, whatever the case on disk.
     [[nodiscard]] std::string SalesFile() const;
     [[nodiscard]] std::string SalesLinesFile() const;
 
-    [[nodiscard]] bool HasSalesFile() const;
-    [[nodiscard]] bool HasSalesLinesFile() const;
-
-    // Error 75 (76) unless the files can get other names.
-    void RequireRoomForFinishedNames() const;
-
-    // Gives both files their finished names, the sales file first.
-    void MarkAsTransferred(const platform::Clock& clock) const;
+    // The names under which the files are to be opened; nothing where there is none. Names that
+    // differ in case only are different data sets: a file in another spelling is this one's only
+    // where it is the only one of its kind and does not belong to a data set of that spelling.
+    [[nodiscard]] std::optional<std::string> FindSalesFile() const;
+    [[nodiscard]] std::optional<std::string> FindSalesLinesFile() const;
 
     friend bool operator==(const DataSet&, const DataSet&) = default;
 
   private:
     std::string name_;
 };
-
-[[nodiscard]] std::string FinishedName(std::string_view fileName, const platform::DateTime& moment);
-
-// A file of the finished name is kept under that name and ".1", or the first number that is free.
-void RenameToFinished(const std::string& fileName, const platform::Clock& clock);
 
 }  // namespace store

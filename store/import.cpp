@@ -66,9 +66,9 @@ void ImportFile(const std::string& fileName, const ImportedTable& table,
 
 }  // namespace
 
-void ImportDataSet(const DataSet& dataSet, platform::database::Database& workConnection) {
-    ImportFile(dataSet.SalesFile(), kSales, workConnection);
-    ImportFile(dataSet.SalesLinesFile(), kSalesLines, workConnection);
+void ImportDataSet(const WaitingFiles& files, platform::database::Database& workConnection) {
+    ImportFile(files.SalesFile(), kSales, workConnection);
+    ImportFile(files.SalesLinesFile(), kSalesLines, workConnection);
 }
 
 }  // namespace store

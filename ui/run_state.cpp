@@ -6,11 +6,11 @@ namespace ui {
 
 // kept: quiet-ends. A missing file is told, and the error flag stays clear.
 bool DataSetFilesExist(const store::DataSet& dataSet, StatusLog& statusLog) {
-    if (!dataSet.HasSalesFile()) {
+    if (!dataSet.FindSalesFile()) {
         statusLog.AppendStatusLine("Finner ikke filen med salg. Avslutter behandling av datasett.");
         return false;
     }
-    if (!dataSet.HasSalesLinesFile()) {
+    if (!dataSet.FindSalesLinesFile()) {
         statusLog.AppendStatusLine(
             "Finner ikke filen med salgslinjer. Avslutter behandling av datasett.");
         return false;

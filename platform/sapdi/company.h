@@ -52,6 +52,13 @@ class Company {
     virtual void EndTransaction(TransactionEnd end) = 0;
     [[nodiscard]] virtual bool InTransaction() const = 0;
 
+    // The marks of the days that the company holds, where it keeps such: a mark that is added in a
+    // transaction is there when, and only when, that was committed. Adding one that is there
+    // already is an error that is raised.
+    [[nodiscard]] virtual bool KeepsMarks() const = 0;
+    [[nodiscard]] virtual bool HasMark(std::string_view mark) const = 0;
+    virtual void AddMark(std::string_view mark) = 0;
+
     // A new object by its type number. Without a connection: an error that is raised.
     [[nodiscard]] virtual std::unique_ptr<BusinessObject> GetBusinessObject(ObjectType type) = 0;
 };

@@ -178,3 +178,16 @@ TEST_F(Export, WhatIsCollectedIsWrittenAlsoAfterAnError) {
     EXPECT_NE(shop.Text("bilag.txt.tmp").find("@WaVo"), std::string::npos);
     EXPECT_EQ(Count("bilag.txt"), "none");
 }
+
+TEST_F(Export, ADayThatChangesAtTheQuestionIsNotPlaced) {
+    shop.folder.Write("bilag.txt", "old");
+    shop.settings.Overwrite = "1";
+    shop.theOperator.whileAsked = [&] { shop.WriteDataSet("K", {{}, {.id = 2}}, {{}}); };
+    shop.theOperator.answers = {kYes};
+    const std::string text = ExpectError(75, [&] { exportRun.ExportDataSet(store::DataSet("K")); });
+    EXPECT_EQ(text.find("KDayEndSales.XML has changed"), 0U) << text;
+    EXPECT_EQ(shop.folder.Read("bilag.txt"), "old");
+    EXPECT_FALSE(shop.folder.Has("ordre.edi"));
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+    EXPECT_FALSE(shop.folder.Has("KVDayEndServer.placing"));
+}

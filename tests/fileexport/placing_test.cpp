@@ -31,7 +31,10 @@ class Placing : public testing::Test {
     }
 
     void Place() {
-        fileexport::PlaceDay(store::DataSet("K"), {"ordre.edi", "bilag.txt"}, shop.clock);
+        const store::DataSet dataSet("K");
+        const store::WaitingFiles files(dataSet);
+        store::FinishedNames finishedNames(files, shop.clock);
+        fileexport::PlaceDay(dataSet, {"ordre.edi", "bilag.txt"}, finishedNames);
     }
 
     // A folder in the place of a name is what ends the placing there.
@@ -40,6 +43,21 @@ class Placing : public testing::Test {
         std::filesystem::create_directory(name);
         EXPECT_ANY_THROW(Place());
         std::filesystem::remove(name);
+    }
+
+    // Ended before the next step: the vouchers' name, the note of it, a finished name more.
+    enum class Step { Vouchers, PlacedNote, Sales, SalesLines };
+    void EndBefore(Step step) {
+        PlaceUpTo("bilag.txt");
+        if (step == Step::Vouchers) return;
+        std::filesystem::rename("bilag.txt.tmp", "bilag.txt");
+        std::filesystem::create_hard_link("KDayEndSales.XML", kFinishedSales);
+        std::filesystem::create_hard_link("KDayEndSalesLines.XML", kFinishedLines);
+        if (step == Step::PlacedNote) return;
+        std::string note = shop.folder.Read(kNote);
+        note.at(note.size() - 3) = '1';  // in front of the data set's name
+        shop.folder.Write(kNote, note);
+        if (step == Step::SalesLines) std::filesystem::remove("KDayEndSales.XML");
     }
 
     void ExpectPlaced() const {
@@ -74,22 +92,22 @@ TEST_F(Placing, ADayOfWhichNothingIsPlacedStillWaits) {
     EXPECT_FALSE(shop.folder.Has(kNote));
 }
 
-class PlacingInterrupted : public Placing, public testing::WithParamInterface<const char*> {};
+class PlacingInterrupted : public Placing, public testing::WithParamInterface<int> {};
 
-INSTANTIATE_TEST_SUITE_P(AtEveryName, PlacingInterrupted,
-                         testing::Values("bilag.txt", kFinishedSales, kFinishedLines));
+INSTANTIATE_TEST_SUITE_P(BeforeEveryStep, PlacingInterrupted, testing::Range(0, 4));
 
 TEST_P(PlacingInterrupted, IsFinishedOnce) {
-    PlaceUpTo(GetParam());
+    EndBefore(static_cast<Step>(GetParam()));
     EXPECT_EQ(FinishInterruptedDay(shop.clock), store::DataSet("K"));
     ExpectPlaced();
     EXPECT_EQ(FinishInterruptedDay(shop.clock), std::nullopt);
 }
 
 TEST_P(PlacingInterrupted, LeavesTheFilesOfALaterDay) {
-    PlaceUpTo(GetParam());
+    EndBefore(static_cast<Step>(GetParam()));
     const std::string sameSize = shop.folder.Read(
         std::filesystem::exists("KDayEndSales.XML") ? "KDayEndSales.XML" : kFinishedSales);
+    std::filesystem::remove("KDayEndSales.XML");
     shop.folder.Write("KDayEndSales.XML", sameSize);
     std::filesystem::last_write_time(
         "KDayEndSales.XML",
@@ -101,7 +119,7 @@ TEST_P(PlacingInterrupted, LeavesTheFilesOfALaterDay) {
 }
 
 TEST_F(Placing, WhatTheAccountingPackageTookOfAPlacedDayStaysTaken) {
-    PlaceUpTo(kFinishedSales);
+    EndBefore(Step::Sales);
     std::filesystem::remove("ordre.edi");
     std::filesystem::remove("bilag.txt");
     shop.folder.Write("ordre.edi.tmp", "of another server");

@@ -21,7 +21,8 @@ class VoucherFile : public testing::Test {
   protected:
     void Open(const std::vector<Sale>& sales, const std::vector<Line>& lines) {
         shop.WriteDataSet("K", sales, lines);
-        store::ImportDataSet(store::DataSet("K"), *shop.databases.WorkConnection);
+        store::ImportDataSet(store::WaitingFiles(store::DataSet("K")),
+                             *shop.databases.WorkConnection);
         ui::OpenPersistConnection(shop.runState);
         shop.runState.SalesRecordset =
             shop.runState.PersistConnection->OpenRecordset("KDayEndSales.XML");

@@ -38,6 +38,9 @@ class RecordingCompany : public sapdi::Company {
         log_ += end == sapdi::TransactionEnd::Commit ? "commit " : "roll-back ";
     }
     [[nodiscard]] bool InTransaction() const override { return inTransaction_; }
+    [[nodiscard]] bool KeepsMarks() const override { return false; }
+    [[nodiscard]] bool HasMark(std::string_view /*mark*/) const override { return false; }
+    void AddMark(std::string_view /*mark*/) override {}
     std::unique_ptr<sapdi::BusinessObject> GetBusinessObject(sapdi::ObjectType /*type*/) override {
         return nullptr;
     }

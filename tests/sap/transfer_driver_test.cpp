@@ -168,3 +168,76 @@ TEST_F(Transfer, NumbersThatDoNotFit) {
     ExpectError(3075, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
     EXPECT_NE(text.find("Sale 32768"), std::string::npos) << text;
 }
+
+TEST_F(Transfer, ADayThatChangesAtTheQuestionIsNotCommitted) {
+    shop.theOperator.whileAsked = [&] { shop.WriteDataSet("K", {{}, {.id = 2}}, {{}}); };
+    shop.theOperator.answers = {kYes};
+    const std::string text =
+        ExpectError(75, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
+    EXPECT_EQ(text.find("KDayEndSales.XML has changed"), 0U) << text;
+    shop.objects.SAPCompany.Release();
+    EXPECT_EQ(Invoices(), "");
+    EXPECT_EQ(shop.AskCompany("SELECT Code FROM \"@KVDAYEND\""), "");
+    EXPECT_FALSE(IsFinished());
+}
+
+TEST_F(Transfer, ADayWhoseNamesCanNotBeGivenIsNotCommitted) {
+    // In the way only when the names are taken.
+    shop.theOperator.whileAsked = [&] {
+        std::filesystem::create_directory("KDayEndSalesLines.XML.200511161433.ferdig");
+    };
+    shop.theOperator.answers = {kYes};
+    ExpectError(75, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
+    shop.objects.SAPCompany.Release();
+    EXPECT_EQ(Invoices(), "");
+    EXPECT_FALSE(IsFinished());
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+}
+
+class PostedDay : public Transfer {
+  protected:
+    // A server was ended after it committed the day: both names are there.
+    PostedDay() {
+        Send({kYes});
+        for (const char* name : {"KDayEndSales.XML", "KDayEndSalesLines.XML"})
+            std::filesystem::create_hard_link(std::string(name) + ".200511161433.ferdig", name);
+    }
+
+    void ExpectFinished() {
+        EXPECT_EQ(Invoices(), "1|");
+        EXPECT_TRUE(IsFinished());
+        EXPECT_FALSE(shop.folder.Has("KDayEndSales.XML"));
+        EXPECT_FALSE(shop.folder.Has("KDayEndSalesLines.XML"));
+        EXPECT_EQ(shop.window.List, Texts{"Datasett K er ført i SAP fra før, og filene har nå fått "
+                                          "ferdige navn."});
+        EXPECT_FALSE(shop.objects.SAPCompany);
+    }
+};
+
+TEST_F(PostedDay, IsFinishedAtTheNextStart) {
+    shop.driver.FinishPostedDays();
+    ExpectFinished();
+}
+
+TEST_F(PostedDay, IsFinishedWhenItIsBegunWhereTheSettingsLackThePassword) {
+    shop.settings.SAPPassword = "";
+    shop.driver.FinishPostedDays();
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+    shop.theOperator.inputs = {"hemmelig"};
+    Send({});
+    ExpectFinished();
+}
+
+TEST_F(PostedDay, IsPostedAnewInACompanyWithoutMarks) {
+    shop.InCompany("DROP TABLE \"@KVDAYEND\"");
+    shop.driver.FinishPostedDays();
+    Send({kYes});
+    EXPECT_EQ(Invoices(), "1|1|");
+}
+
+TEST_F(Transfer, ARolledBackDayHasNoMark) {
+    Send({Answer::No});
+    EXPECT_EQ(shop.AskCompany("SELECT Code FROM \"@KVDAYEND\""), "");
+    Send({kYes});
+    EXPECT_EQ(Invoices(), "1|");
+}

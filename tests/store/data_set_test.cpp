@@ -7,39 +7,46 @@
 
 using support::StoreShop;
 
-TEST(DataSet, FinishedNamesHaveNoMinutesAndKeepAnOlderFile) {
-    const StoreShop shop;
-    shop.folder.Write("kasse1dayendSALES.xml", "sales");
-    shop.folder.Write("Kasse1DayEndSalesLines.XML", "lines");
-    shop.folder.Write("Kasse1DayEndSales.XML.200511161433.ferdig", "older");
-    shop.folder.Write("Kasse1DayEndSales.XML.200511161433.ferdig.1", "oldest");
-    store::DataSet("Kasse1").MarkAsTransferred(shop.clock);
-    EXPECT_EQ(shop.folder.Read("Kasse1DayEndSales.XML.200511161433.ferdig"), "sales");
-    EXPECT_EQ(shop.folder.Read("Kasse1DayEndSales.XML.200511161433.ferdig.1"), "oldest");
-    EXPECT_EQ(shop.folder.Read("Kasse1DayEndSales.XML.200511161433.ferdig.2"), "older");
-    EXPECT_EQ(shop.folder.Read("Kasse1DayEndSalesLines.XML.200511161433.ferdig"), "lines");
-    EXPECT_FALSE(shop.folder.Has("kasse1dayendSALES.xml"));
-    EXPECT_FALSE(shop.folder.Has("Kasse1DayEndSalesLines.XML"));
+namespace {
+
+std::string Found(const std::optional<std::string>& name) {
+    return name.value_or("none");
 }
 
-TEST(DataSet, EachFileTakesItsOwnLookAtTheClock) {
-    struct TickingClock : platform::Clock {
-        [[nodiscard]] platform::DateTime Now() const override {
-            return {2005, 11, 16, 14, 7, seconds++};
-        }
-        mutable std::int8_t seconds = 33;
-    };
-    const StoreShop shop;
-    shop.WriteDataSet("K", {{}}, {{}});
-    store::DataSet("K").MarkAsTransferred(TickingClock());
-    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML.200511161433.ferdig"));
-    EXPECT_TRUE(shop.folder.Has("KDayEndSalesLines.XML.200511161434.ferdig"));
-}
+}  // namespace
 
 TEST(DataSet, DisplayNames) {
     EXPECT_EQ(store::DataSet::OfDisplayName("<Uten navn>").SalesFile(), "DayEndSales.XML");
     EXPECT_EQ(store::DataSet("").DisplayName(), "<Uten navn>");
     EXPECT_EQ(store::DataSet::OfDisplayName("<uten navn>").Name(), "<uten navn>");
+}
+
+TEST(DataSet, NamesThatDifferInCaseAreDifferentDataSets) {
+    const StoreShop shop;
+    for (const char* name : {"butikkDayEndSales.xml", "butikkDayEndSalesLines.xml",
+                             "BUTIKKDayEndSales.XML", "BUTIKKDayEndSalesLines.xml"})
+        shop.folder.Write(name, "");
+    EXPECT_EQ(Found(store::DataSet("butikk").FindSalesFile()), "butikkDayEndSales.xml");
+    EXPECT_EQ(Found(store::DataSet("butikk").FindSalesLinesFile()), "butikkDayEndSalesLines.xml");
+    EXPECT_EQ(Found(store::DataSet("BUTIKK").FindSalesFile()), "BUTIKKDayEndSales.XML");
+    EXPECT_EQ(Found(store::DataSet("BUTIKK").FindSalesLinesFile()), "BUTIKKDayEndSalesLines.xml");
+    EXPECT_EQ(Found(store::DataSet("Butikk").FindSalesFile()), "none") << "it could be either";
+
+    std::filesystem::remove("butikkDayEndSalesLines.xml");
+    EXPECT_EQ(Found(store::DataSet("butikk").FindSalesLinesFile()), "none")
+        << "the other data set's lines";
+    EXPECT_EQ(store::DataSet::Waiting(), std::vector{store::DataSet("BUTIKK")});
+}
+
+TEST(DataSet, AFileInAnotherSpellingIsTakenWhereItIsTheOnlyOne) {
+    const StoreShop shop;
+    shop.folder.Write("kasse1DayEndSales.XML", "");
+    shop.folder.Write("KASSE1DAYENDSALESLINES.XML", "");
+    EXPECT_EQ(Found(store::DataSet("kasse1").FindSalesLinesFile()), "kasse1DayEndSalesLines.XML")
+        << "the usual name opens it";
+    EXPECT_TRUE(store::DataSet("KASSE1").FindSalesFile());
+    shop.folder.Write("Kasse1DayEndSalesLines.XML", "");
+    EXPECT_FALSE(store::DataSet("kasse1").FindSalesLinesFile());
 }
 
 TEST(TransactionTypes, LedgersOfTheCodes) {

@@ -15,7 +15,8 @@ namespace {
 class Import : public testing::Test {
   protected:
     void ImportKasse1() {
-        store::ImportDataSet(store::DataSet("Kasse1"), *shop.databases.WorkConnection);
+        store::ImportDataSet(store::WaitingFiles(store::DataSet("Kasse1")),
+                             *shop.databases.WorkConnection);
     }
 
     // Cuts the end off a file of the data set.

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,7 @@ class ScriptedOperator : public platform::Operator {
 
     [[nodiscard]] platform::Answer Ask(const platform::Question& question) override {
         asked.push_back(question);
+        if (whileAsked) whileAsked();
         return Take(answers, question.text, question.defaultAnswer);
     }
 
@@ -45,6 +47,7 @@ class ScriptedOperator : public platform::Operator {
 
     std::deque<platform::Answer> answers;
     std::deque<std::string> inputs;
+    std::function<void()> whileAsked;  // what others do while a question stands
 
     std::vector<std::string> shown;
     std::string boxes;  // of each notice its icon, and T where it has a title of its own

@@ -1,0 +1,76 @@
+#include "store/finished_name.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/text.h"
+
+namespace store {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kFinished = ".ferdig";
+
+// The names in the folder that begin with the usual one and mean the waiting file itself.
+std::vector<fs::path> SecondNamesOf(const platform::HeldFile& file, const std::string& usualName) {
+    std::vector<fs::path> names;
+    if (!file.HasOtherNames()) return names;
+    std::error_code failure;
+    fs::directory_iterator entry(".", failure);
+    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
+        const fs::path name = entry->path().filename();
+        if (name.string().starts_with(usualName + ".") && file.IsAlso(name)) names.push_back(name);
+    }
+    return names;
+}
+
+}  // namespace
+
+// kept: stamp-without-minutes. Year, month, day, hour and seconds: the shop's other tools parse it.
+std::string FinishedName(std::string_view fileName, const platform::DateTime& moment) {
+    using platform::Digits;
+    return std::string(fileName) + "." + Digits(moment.year, 4) + Digits(moment.month, 2) +
+           Digits(moment.day, 2) + Digits(moment.hour, 2) + Digits(moment.second, 2) +
+           std::string(kFinished);
+}
+
+SecondName::SecondName(const platform::HeldFile& file, std::string name)
+    : file_(file), name_(std::move(name)) {
+    // In another spelling it is another file.
+    if (std::error_code ignored; fs::exists(fs::symlink_status(name_, ignored))) {
+        platform::KeepAside(name_);
+        platform::DeleteFile(name_);
+    }
+    platform::AddName(file_.Name(), name_);
+}
+
+SecondName::~SecondName() {
+    if (!isKept_) ::unlink(name_.c_str());
+}
+
+void SecondName::Keep() {
+    isKept_ = true;
+    if (file_.IsUnchanged()) platform::DeleteFile(file_.Name());
+}
+
+void Finish(const platform::HeldFile& file, const std::string& usualName,
+            const platform::Clock& clock) {
+    for (const fs::path& name : SecondNamesOf(file, usualName)) {
+        if (name.string().ends_with(kFinished)) return platform::DeleteFile(file.Name());
+    }
+    SecondName(file, FinishedName(usualName, clock.Now())).Keep();
+}
+
+void GiveUpFinishedNames(const platform::HeldFile& file, const std::string& usualName) {
+    for (const fs::path& name : SecondNamesOf(file, usualName))
+        platform::DeleteFile(name.string());
+}
+
+}  // namespace store
