@@ -112,6 +112,7 @@ bool TransferDriver::FinishedAsPosted(const store::DataSet& dataSet,
 }
 
 void TransferDriver::FinishPostedDays() {
+    store::FinishLinesLeftBehind();
     if (!DocumentsAreWanted()) return;
     const std::vector<store::DataSet> waiting = store::DataSet::Waiting();
     if (waiting.empty() || !LogonUnasked(context_, connector_)) return;

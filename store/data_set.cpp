@@ -77,6 +77,15 @@ std::vector<DataSet> DataSet::Waiting() {
     return waiting;
 }
 
+std::vector<DataSet> DataSet::WithoutSales() {
+    std::vector<DataSet> found;
+    for (std::string& prefix : PrefixesOnDisk(kSalesLinesSuffix)) {
+        DataSet dataSet(std::move(prefix));
+        if (!dataSet.FindSalesFile()) found.push_back(std::move(dataSet));
+    }
+    return found;
+}
+
 std::string DataSet::DisplayName() const {
     return name_.empty() ? std::string(kUnnamed) : name_;
 }

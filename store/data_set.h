@@ -21,6 +21,9 @@ class DataSet {
     // Those of which both files are in the folder, by the names of their sales files.
     [[nodiscard]] static std::vector<DataSet> Waiting();
 
+    // Those of which the lines file alone is there.
+    [[nodiscard]] static std::vector<DataSet> WithoutSales();
+
     [[nodiscard]] const std::string& Name() const { return name_; }
     [[nodiscard]] std::string DisplayName() const;
 

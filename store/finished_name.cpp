@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -60,11 +61,15 @@ void SecondName::Keep() {
     if (file_.IsUnchanged()) platform::DeleteFile(file_.Name());
 }
 
+bool HasFinishedName(const platform::HeldFile& file, const std::string& usualName) {
+    return std::ranges::any_of(SecondNamesOf(file, usualName), [](const fs::path& name) {
+        return name.string().ends_with(kFinished);
+    });
+}
+
 void Finish(const platform::HeldFile& file, const std::string& usualName,
             const platform::Clock& clock) {
-    for (const fs::path& name : SecondNamesOf(file, usualName)) {
-        if (name.string().ends_with(kFinished)) return platform::DeleteFile(file.Name());
-    }
+    if (HasFinishedName(file, usualName)) return platform::DeleteFile(file.Name());
     SecondName(file, FinishedName(usualName, clock.Now())).Keep();
 }
 

@@ -31,6 +31,9 @@ class SecondName {
     bool isKept_ = false;
 };
 
+// Whether the waiting file has a finished name beside its own.
+[[nodiscard]] bool HasFinishedName(const platform::HeldFile& file, const std::string& usualName);
+
 // Gives a waiting file its finished name for good, be it that it has one beside its own already.
 void Finish(const platform::HeldFile& file, const std::string& usualName,
             const platform::Clock& clock);

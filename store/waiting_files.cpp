@@ -1,6 +1,7 @@
 #include "store/waiting_files.h"
 
 #include "platform/error.h"
+#include "platform/files.h"
 #include "platform/removable.h"
 #include "platform/sha256.h"
 
@@ -56,6 +57,13 @@ void WaitingFiles::Finish(const platform::Clock& clock) const {
 
 std::string WaitingFiles::Mark() const {
     return platform::Sha256OfFiles({sales_.Name(), salesLines_.Name()}).substr(0, kMarkLength);
+}
+
+void FinishLinesLeftBehind() {
+    for (const DataSet& dataSet : DataSet::WithoutSales()) {
+        const platform::HeldFile lines(dataSet.SalesLinesFile());
+        if (HasFinishedName(lines, dataSet.SalesLinesFile())) platform::DeleteFile(lines.Name());
+    }
 }
 
 // kept: two-looks-at-the-clock. The stamps of a day's two files may differ by a second.

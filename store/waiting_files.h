@@ -48,6 +48,10 @@ class WaitingFiles {
     platform::HeldFile salesLines_;
 };
 
+// Finishes lines files whose sales file has left its waiting name: a server was ended between the
+// two. They have their finished names already.
+void FinishLinesLeftBehind();
+
 // The finished names of both files, given up again unless they are kept.
 class FinishedNames {
   public:

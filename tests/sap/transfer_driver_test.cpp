@@ -219,6 +219,15 @@ TEST_F(PostedDay, IsFinishedAtTheNextStart) {
     ExpectFinished();
 }
 
+TEST_F(PostedDay, IsFinishedWhereItsSalesFileWasFinished) {
+    std::filesystem::remove("KDayEndSales.XML");
+    shop.folder.Write("LDayEndSalesLines.XML", "whose sales are still to come");
+    shop.driver.FinishPostedDays();
+    EXPECT_FALSE(shop.folder.Has("KDayEndSalesLines.XML"));
+    EXPECT_TRUE(shop.folder.Has("KDayEndSalesLines.XML.200511161433.ferdig"));
+    EXPECT_TRUE(shop.folder.Has("LDayEndSalesLines.XML"));
+}
+
 TEST_F(PostedDay, IsFinishedWhenItIsBegunWhereTheSettingsLackThePassword) {
     shop.settings.SAPPassword = "";
     shop.driver.FinishPostedDays();
