@@ -53,8 +53,8 @@ std::optional<std::string> FindFile(const std::string& name, std::string_view su
     const std::vector<std::string> files = FilesIgnoringCase(name, suffix);
     const auto exact = std::ranges::find_if(
         files, [&](const std::string& file) { return PrefixOf(file, suffix) == name; });
-    if (exact != files.end()) return *exact;
     if (files.empty()) return usual;  // no plain name, which is left to the file system
+    if (exact != files.end()) return files.size() == 1 ? usual : *exact;
     if (files.size() > 1 || BelongsToItsSpelling(PrefixOf(files[0], suffix), name, otherSuffix)) {
         return std::nullopt;
     }
