@@ -2,6 +2,7 @@
 
 #include "app/field_values.h"
 #include "platform/comparison.h"
+#include "platform/error.h"
 #include "platform/norwegian.h"
 #include "sap/logon.h"
 #include "sap/partners_and_items.h"
@@ -116,8 +117,14 @@ void TransferDriver::FinishPostedDays() {
     if (!DocumentsAreWanted()) return;
     const std::vector<store::DataSet> waiting = store::DataSet::Waiting();
     if (waiting.empty() || !LogonUnasked(context_, connector_)) return;
-    for (const store::DataSet& dataSet : waiting)
-        (void)FinishedAsPosted(dataSet, store::WaitingFiles(dataSet));
+    for (const store::DataSet& dataSet : waiting) {
+        try {
+            (void)FinishedAsPosted(dataSet, store::WaitingFiles(dataSet));
+        } catch (const platform::RuntimeError&) {
+            // A file that can not be read, say: it is told when its day is begun, and the other
+            // days can be posted until then.
+        }
+    }
     CloseSAPCompany(context_, TransactionEnd::RollBack);
 }
 

@@ -219,6 +219,22 @@ TEST_F(PostedDay, IsFinishedAtTheNextStart) {
     ExpectFinished();
 }
 
+TEST_F(PostedDay, IsFinishedBesideOneThatCanNotBe) {
+    shop.WriteDataSet("A", {{.id = 2}}, {{.saleId = 2}});
+    shop.theOperator.answers = {kYes};
+    EXPECT_FALSE(shop.driver.TransferDataSetToSAP(store::DataSet("A")));
+    for (const char* name : {"ADayEndSales.XML", "ADayEndSalesLines.XML"}) {
+        const std::string finished = std::string(name) + ".200511161433.ferdig";
+        std::filesystem::rename(finished, name);
+        std::filesystem::create_directory(finished);
+    }
+    shop.driver.FinishPostedDays();
+    EXPECT_FALSE(shop.folder.Has("KDayEndSales.XML"));
+    EXPECT_TRUE(shop.folder.Has("ADayEndSales.XML"));
+    ExpectError(75, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("A")); });
+    EXPECT_EQ(Invoices(), "1|2|");
+}
+
 TEST_F(PostedDay, IsFinishedWhereItsSalesFileWasFinished) {
     std::filesystem::remove("KDayEndSales.XML");
     shop.folder.Write("LDayEndSalesLines.XML", "whose sales are still to come");
