@@ -225,6 +225,7 @@ void MoveFile(std::string_view from, std::string_view to) {
     if (!S_ISREG(status.st_mode)) {
         throw RuntimeError(error_number::kPathAccess, source.string() + " is no file");
     }
+    RequireFileOrNothing(to);
     TakeOwnerAndModeOf(target, source);
     if (::rename(source.c_str(), target.c_str()) != 0) {
         if (errno != EXDEV) throw ErrorOfMoving(errno, source, target);

@@ -47,6 +47,7 @@ struct FileStamp {
 
 // Gives the file `from` the name `to` in one step; an existing file of that name is replaced, and
 // its owner and mode are taken over; a link of that name stays and the file behind it is replaced.
+// What is there and no regular file is error 75.
 // Where the two lie on different file systems: copied beside the target, synced, then put in place.
 void MoveFile(std::string_view from, std::string_view to);
 

@@ -142,8 +142,10 @@ TEST(MoveFile, KeepsLinkOwnerAndModeOfTheFileThatItReplaces) {
 
 TEST(Files, WhatIsNoFileIsNeitherReadNorReplaced) {
     const TempFolder folder;
+    folder.Write("fra.txt", "");
     for (const std::string& name : support::MakeNoFiles(folder)) {
         SCOPED_TRACE(name);
+        ExpectError(75, [&] { MoveFile(folder.File("fra.txt"), folder.File(name)); });
         for (const std::string& text :
              {ExpectError(75, [&] { return ReadWholeFile(folder.File(name)); }),
               ExpectError(75, [&] { RequirePlaceForFile(folder.File(name)); })}) {
