@@ -2,11 +2,12 @@
 
 #include <unistd.h>
 
-#include <csignal>
 #include <iostream>
 
 #include "app/options.h"
 #include "app/server.h"
+#include "platform/process.h"
+#include "ui/terminal/printable.h"
 #include "ui/terminal/terminal_face.h"
 
 namespace {
@@ -19,7 +20,7 @@ ui::terminal::Attendance AttendanceOf(const app::Options& options) {
 
 int PrintDataSets(const ui::frmMain& window) {
     for (const ui::ListEntry& entry : window.ListDayEnd)
-        std::cout << entry.dataSet.DisplayName() << '\n';
+        std::cout << ui::terminal::PrintableLine(entry.dataSet.DisplayName()) << '\n';
     std::cout.flush();
     return 0;
 }
@@ -27,12 +28,11 @@ int PrintDataSets(const ui::frmMain& window) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    platform::PrepareProcess();
     const app::ParsedOptions parsed = app::ParseOptions(app::Program::Terminal, argc, argv);
     if (!parsed.options) return parsed.exitStatus;
     const app::Options& options = *parsed.options;
 
-    // A reader of the output that goes away must not stop a day half way.
-    std::signal(SIGPIPE, SIG_IGN);
     // --list keeps standard output for the names.
     ui::terminal::TerminalOperator terminal(
         {std::cin, options.list ? std::cerr : std::cout, std::cerr}, AttendanceOf(options));

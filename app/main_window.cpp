@@ -4,9 +4,11 @@
 
 #include "app/options.h"
 #include "app/server.h"
+#include "platform/process.h"
 #include "ui/window/window_operator.h"
 
 int main(int argc, char** argv) {
+    platform::PrepareProcess();
     const app::ParsedOptions parsed = app::ParseOptions(app::Program::Window, argc, argv);
     if (!parsed.options) return parsed.exitStatus;
 

@@ -9,6 +9,7 @@
 #include "demo/demo_folder.h"
 #include "demo/options.h"
 #include "platform/error.h"
+#include "platform/process.h"
 
 namespace {
 
@@ -101,6 +102,7 @@ int Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    platform::PrepareProcess();
     try {
         return Run(argc, argv);
     } catch (const std::exception& error) {

@@ -32,6 +32,8 @@ ExportRun::ExportRun(const app::AppSettings& appSettings, const store::Databases
 
 bool ExportRun::ExportDataSet(const store::DataSet& dataSet) {
     if (!ui::DataSetFilesExist(dataSet, statusLog_)) return false;
+    for (const auto* name : {&appSettings_.EDIFileName, &appSettings_.VoucherFileName})
+        platform::RequireFileOrNothing(*name);
     const store::WaitingFiles files(dataSet);
     files.GiveUpFinishedNames();
     store::ImportDataSet(files, *databases_.WorkConnection);

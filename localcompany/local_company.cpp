@@ -9,6 +9,7 @@
 #include "localcompany/local_partners.h"
 #include "localcompany/local_query.h"
 #include "localcompany/logon.h"
+#include "platform/database/statement_text.h"
 #include "platform/error.h"
 #include "platform/sapdi/error_codes.h"
 
@@ -89,7 +90,9 @@ std::int32_t LocalCompany::Connect() {
     } catch (const RuntimeError& error) {
         // A file that is missing or broken is a logon that is refused, like a wrong password.
         session_->Close();
-        return session_->SetLastError(error_code::kNotAccepted, error.Description());
+        return session_->SetLastError(
+            error_code::kNotAccepted,
+            std::string(platform::database::WithoutStatement(error.Description())));
     }
     session_->ClearLastError();
     return 0;

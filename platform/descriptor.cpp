@@ -6,8 +6,11 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstddef>
 #include <cstdio>
+#include <optional>
 #include <system_error>
 
 namespace platform {
@@ -26,6 +29,34 @@ int Descriptor::Close() {
     if (!IsOpen()) return 0;
     // An interrupted close has closed the file all the same.
     return ::close(Release()) == 0 || errno == EINTR ? 0 : errno;
+}
+
+namespace {
+
+int FailureOfKind(mode_t mode) {
+    return S_ISDIR(mode) ? EISDIR : kNoRegularFile;
+}
+
+}  // namespace
+
+int OpenRegularFile(const fs::path& path, int flags, Descriptor& file) {
+    struct stat status {};
+    const bool followsLink = (flags & O_NOFOLLOW) == 0;
+    const int known = followsLink ? ::stat(path.c_str(), &status) : ::lstat(path.c_str(), &status);
+    if (known == 0 && !S_ISREG(status.st_mode)) return FailureOfKind(status.st_mode);
+    // Asked again once it is open, where no other file can take its place.
+    Descriptor opened(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666));
+    if (!opened.IsOpen()) return errno;
+    if (::fstat(opened.Get(), &status) != 0) return errno;
+    if (!S_ISREG(status.st_mode)) return FailureOfKind(status.st_mode);
+    if (const int failure = MakeBlocking(opened.Get()); failure != 0) return failure;
+    file = std::move(opened);
+    return 0;
+}
+
+int MakeBlocking(int descriptor) {
+    const int flags = ::fcntl(descriptor, F_GETFL);
+    return flags >= 0 && ::fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK) == 0 ? 0 : errno;
 }
 
 int WriteAll(int descriptor, std::string_view& bytes) {
@@ -102,15 +133,55 @@ RuntimeError ErrorOfCreating(int errnoValue, std::string_view verb, const fs::pa
     return ErrorFromErrno(errnoValue, verb, path.string());
 }
 
+namespace {
+
+constexpr std::string_view kNewEnding = ".new";
+
+// The process that a name ".PID-NUMBER.new" is made by; nothing for any other name.
+std::optional<pid_t> MakerOf(std::string_view name) {
+    if (!name.starts_with('.') || !name.ends_with(kNewEnding)) return std::nullopt;
+    name.remove_prefix(1);
+    name.remove_suffix(kNewEnding.size());
+    const char* const end = name.data() + name.size();
+    pid_t process = 0;
+    const auto [dash, fault] = std::from_chars(name.data(), end, process);
+    if (fault != std::errc() || process <= 0 || dash == end || *dash != '-') return std::nullopt;
+    int attempt = 0;
+    const auto [rest, secondFault] = std::from_chars(dash + 1, end, attempt);
+    if (secondFault != std::errc() || rest != end) return std::nullopt;
+    return process;
+}
+
+bool IsGone(pid_t process) {
+    return ::kill(process, 0) != 0 && errno == ESRCH;
+}
+
+// As far as it can be done: they only take room.
+void RemoveLeftOvers(const fs::path& target) {
+    const std::string name = target.filename().string();
+    std::error_code failure;
+    fs::directory_iterator entry(FolderOf(target), failure);
+    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
+        const std::string other = entry->path().filename().string();
+        if (!other.starts_with(name)) continue;
+        const auto maker = MakerOf(std::string_view(other).substr(name.size()));
+        if (maker && IsGone(*maker)) ::unlink(entry->path().c_str());
+    }
+}
+
+}  // namespace
+
 ReplacementFile::~ReplacementFile() {
     if (!path_.empty()) ::unlink(path_.c_str());
 }
 
 int ReplacementFile::Create() {
-    constexpr int kAttempts = 100;  // names that earlier, broken-off runs may have left
+    RemoveLeftOvers(target_);
+    constexpr int kAttempts = 100;  // names that an earlier process of this number may have left
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         fs::path path = target_;
-        path += "." + std::to_string(::getpid()) + "-" + std::to_string(attempt) + ".new";
+        path += "." + std::to_string(::getpid()) + "-" + std::to_string(attempt);
+        path += kNewEnding;
         descriptor_ =
             Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
         if (descriptor_.IsOpen()) {

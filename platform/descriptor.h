@@ -28,6 +28,14 @@ class Descriptor {
     int descriptor_;
 };
 
+// Opens a regular file, with the flags of open(2) and close-on-exec. A folder is EISDIR, anything
+// else of that name kNoRegularFile, at once: a FIFO would wait for its other end, a device do what
+// it does. With O_NOFOLLOW a link is not one either. `file` is open where the answer is 0.
+[[nodiscard]] int OpenRegularFile(const std::filesystem::path& path, int flags, Descriptor& file);
+
+// Has reads and writes wait again where the file was opened with O_NONBLOCK.
+[[nodiscard]] int MakeBlocking(int descriptor);
+
 // Writes all bytes and takes what is written off the front of `bytes`.
 [[nodiscard]] int WriteAll(int descriptor, std::string_view& bytes);
 
@@ -51,7 +59,8 @@ void BeginSync(int descriptor);
 [[nodiscard]] RuntimeError ErrorOfCreating(int errnoValue, std::string_view verb,
                                            const std::filesystem::path& path);
 
-// A new file beside `target` that takes its place in one step; gone again without Commit.
+// A new file beside `target` that takes its place in one step; gone again without Commit. What a
+// process that was killed has left of one goes when the next one for the same target is made.
 class ReplacementFile {
   public:
     explicit ReplacementFile(std::filesystem::path target) : target_(std::move(target)) {}

@@ -46,17 +46,23 @@ int NumberOfErrno(int errnoValue) {
         case EEXIST:
         case ENAMETOOLONG:
         case ELOOP:
+        case kNoRegularFile:
             return error_number::kPathAccess;
         default:
             return error_number::kDeviceIo;
     }
 }
 
+std::string TextOfErrno(int errnoValue) {
+    if (errnoValue == kNoRegularFile) return "it is no regular file";
+    return std::generic_category().message(errnoValue);
+}
+
 }  // namespace
 
 RuntimeError ErrorFromErrno(int errnoValue, std::string_view verb, std::string_view path) {
     return {NumberOfErrno(errnoValue), "Can not " + std::string(verb) + " " + std::string(path) +
-                                           ": " + std::generic_category().message(errnoValue)};
+                                           ": " + TextOfErrno(errnoValue)};
 }
 
 }  // namespace platform

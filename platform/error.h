@@ -77,6 +77,9 @@ decltype(auto) AtPlace(const std::string& place, Action&& action) {
 // 51 for what no other number fits.
 [[nodiscard]] RuntimeError CurrentError();
 
+// Stands where an errno value does: what is there is a FIFO, a device, a folder or the like.
+inline constexpr int kNoRegularFile = -1;
+
 // The failure of a call on a file, as error 53, 57, 61, 70, 75 or 76; `verb` is what was tried.
 [[nodiscard]] RuntimeError ErrorFromErrno(int errnoValue, std::string_view verb,
                                           std::string_view path);

@@ -124,16 +124,18 @@ bool MeansNoSecondNames(int errnoValue) {
 void TakeOwnerAndModeOf(const fs::path& existing, const fs::path& file) {
     struct stat status {};
     if (::stat(existing.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
-    const bool isOwners = ::chown(file.c_str(), status.st_uid, status.st_gid) == 0;
+    // Not through a link that somebody puts there meanwhile.
+    const bool isOwners = ::lchown(file.c_str(), status.st_uid, status.st_gid) == 0;
     const mode_t kept = isOwners ? 07777U : 0777U;  // no set-user-id for somebody else
-    (void)::chmod(file.c_str(), status.st_mode & kept);
+    (void)::fchmodat(AT_FDCWD, file.c_str(), status.st_mode & kept, AT_SYMLINK_NOFOLLOW);
 }
 
 void CopyBeside(const fs::path& source, const fs::path& target) {
-    const Descriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!from.IsOpen()) throw ErrorFromErrno(errno, "read", source.string());
+    Descriptor from;
+    int failure = OpenRegularFile(source, O_RDONLY, from);
+    if (failure != 0) throw ErrorFromErrno(failure, "read", source.string());
     ReplacementFile file(target);
-    int failure = file.Create();
+    failure = file.Create();
     if (failure == 0) failure = CopyAll(from.Get(), file.Get());
     if (failure == 0) failure = file.TakeOwnerAndMode(from.Get());
     if (failure == 0) failure = file.Commit();
@@ -196,9 +198,10 @@ std::vector<std::string> ListFiles(std::string_view folder, std::string_view pat
 
 std::string ReadWholeFile(std::string_view name) {
     const fs::path path = ResolvePath(name);
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    Descriptor file;
     std::string content;
-    const int failure = file.IsOpen() ? ReadAll(file.Get(), content) : errno;
+    int failure = OpenRegularFile(path, O_RDONLY, file);
+    if (failure == 0) failure = ReadAll(file.Get(), content);
     if (failure != 0) throw ErrorFromErrno(failure, "read", path.string());
     return content;
 }
@@ -235,6 +238,7 @@ void MoveFile(std::string_view from, std::string_view to) {
     if (!S_ISREG(status.st_mode)) {
         throw RuntimeError(error_number::kPathAccess, source.string() + " is no file");
     }
+    RequireFileOrNothing(to);
     TakeOwnerAndModeOf(target, source);
     if (::rename(source.c_str(), target.c_str()) != 0) {
         if (errno != EXDEV) throw ErrorOfMoving(errno, source, target);
@@ -289,10 +293,19 @@ void RequireWritableFolderOf(std::string_view name) {
     }
 }
 
-void RequirePlaceForFile(std::string_view name) {
-    const fs::path path = BehindLink(ResolvePath(name));
+void RequireFileOrNothing(std::string_view name) {
     std::error_code ignored;
-    if (name.empty() || path.filename().empty() || fs::is_directory(path, ignored)) {
+    const fs::file_type there = fs::status(ResolvePath(name), ignored).type();
+    if (there == fs::file_type::not_found || there == fs::file_type::regular) return;
+    throw RuntimeError(error_number::kPathAccess,
+                       "\"" + std::string(name) +
+                           "\" can not be the name of a file: what is there is no regular file");
+}
+
+void RequirePlaceForFile(std::string_view name) {
+    RequireFileOrNothing(name);
+    const fs::path path = BehindLink(ResolvePath(name));
+    if (name.empty() || path.filename().empty()) {
         throw RuntimeError(error_number::kPathAccess,
                            "\"" + std::string(name) + "\" can not be the name of a file");
     }

@@ -51,6 +51,7 @@ struct FileStamp {
 
 // Gives the file `from` the name `to` in one step; an existing file of that name is replaced, and
 // its owner and mode are taken over; a link of that name stays and the file behind it is replaced.
+// What is there and no regular file is error 75.
 // Where the two lie on different file systems: copied beside the target, synced, then put in place.
 void MoveFile(std::string_view from, std::string_view to);
 
@@ -67,8 +68,12 @@ void DeleteFile(std::string_view name);  // for good, also on disk; 53 where the
 // Error 75 (76 for a missing folder) unless files can be created in the folder that holds `name`.
 void RequireWritableFolderOf(std::string_view name);
 
-// Error 75 unless a file of that name can be put in place: the name is empty or a folder's, or
-// files can not be created beside it (76 where their folder is missing).
+// Error 75 where that name, itself or through a link, is a device's, a FIFO's or a folder's: a
+// renaming would put a file in the place of the first two.
+void RequireFileOrNothing(std::string_view name);
+
+// Error 75 unless a file of that name can be put in place: the name is empty, something other than
+// a file's, or files can not be created beside it (76 where their folder is missing).
 void RequirePlaceForFile(std::string_view name);
 
 void ChangeDirectory(std::string_view folder);  // 76 where there is none

@@ -27,6 +27,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr const char* kNullDevice = "/dev/null";
+constexpr std::array kStandard = {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO};
+constexpr std::array kSignalsOfWriting = {SIGPIPE, SIGXFSZ};
+
 // A quotation mark that is never closed holds the rest of the line together.
 std::vector<std::string> SplitCommandLine(std::string_view commandLine) {
     std::vector<std::string> words;
@@ -92,8 +96,9 @@ Descriptor AboveStandard(const Descriptor& file) {
     sigset_t none;
     ::sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
-    ::signal(SIGPIPE, SIG_DFL);
-    for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    for (const int signal : kSignalsOfWriting)
+        ::signal(signal, SIG_DFL);
+    for (const int standard : kStandard) {
         if (::dup2(null, standard) < 0) Fail(report);
     }
     // Databases and order files stay this program's own, whoever opened them.
@@ -119,7 +124,7 @@ bool StartDetached(const char* program, char* const* arguments) {
     if (::pipe2(pipe.data(), O_CLOEXEC) != 0) return false;
     const Descriptor outcome(pipe[0]);
     Descriptor report = AboveStandard(Descriptor(pipe[1]));
-    const Descriptor null = AboveStandard(Descriptor(::open("/dev/null", O_RDWR | O_CLOEXEC)));
+    const Descriptor null = AboveStandard(Descriptor(::open(kNullDevice, O_RDWR | O_CLOEXEC)));
     if (!report.IsOpen() || !null.IsOpen()) return false;
     const pid_t child = ::fork();
     if (child < 0) return false;
@@ -132,6 +137,15 @@ bool StartDetached(const char* program, char* const* arguments) {
 }
 
 }  // namespace
+
+void PrepareProcess() {
+    // From the lowest number on, which is the one that opening gives.
+    for (const int standard : kStandard) {
+        if (::fcntl(standard, F_GETFD) < 0) (void)::open(kNullDevice, O_RDWR);
+    }
+    for (const int signal : kSignalsOfWriting)
+        ::signal(signal, SIG_IGN);
+}
 
 bool SystemProcessStarter::Start(std::string_view commandLine) {
     std::vector<std::string> words = SplitCommandLine(commandLine);

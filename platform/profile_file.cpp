@@ -66,10 +66,12 @@ int CodeOfErrno(int errnoValue, const fs::path& path) {
     }
 }
 
-// An errno value; `file` stays open for who wants to know more of it.
+// An errno value; `file` stays open for who wants to know more of it. What can be no profile file
+// is an error: the settings of the shop would be taken for unset.
 int ReadContent(const fs::path& path, Descriptor& file, std::string& content) {
-    file = Descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    return file.IsOpen() ? ReadAll(file.Get(), content) : errno;
+    const int failure = OpenRegularFile(path, O_RDONLY, file);
+    if (failure == kNoRegularFile) throw ErrorFromErrno(failure, "read", path.string());
+    return failure == 0 ? ReadAll(file.Get(), content) : failure;
 }
 
 int ReplaceContent(const fs::path& path, const Descriptor& oldFile, std::string_view content) {

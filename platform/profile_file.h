@@ -18,6 +18,7 @@ class ProfileText;
 // the buffer holds just the counted characters. A list longer than the buffer is cut to
 // bufferSize - 2 of them. The outcome is in LastError(): 0, 2 (file, section or key not found),
 // 3 (path not found), 5 (access denied), 112 (disk full) or 31 (anything else).
+// Only a name that is a FIFO's or a device's is RuntimeError 75.
 class ProfileFunctions {
   public:
     virtual ~ProfileFunctions() = default;

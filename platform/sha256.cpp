@@ -27,8 +27,9 @@ void Require(int outcome) {
 }
 
 void AddFile(EVP_MD_CTX* digest, const std::string& name) {
-    const Descriptor file(::open(ResolvePath(name).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    if (!file.IsOpen()) throw ErrorFromErrno(errno, "open", name);
+    Descriptor file;
+    if (const int failure = OpenRegularFile(ResolvePath(name), O_RDONLY, file); failure != 0)
+        throw ErrorFromErrno(failure, "open", name);
     std::array<char, std::size_t{64} * 1024> block;
     for (;;) {
         const ssize_t count = ::read(file.Get(), block.data(), block.size());

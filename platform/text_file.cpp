@@ -25,36 +25,48 @@ constexpr std::size_t kBufferSize = std::size_t{256} * 1024;
 constexpr std::size_t kSyncDistance = std::size_t{8} * 1024 * 1024;
 constexpr int kBadFileNumber = 52;
 
-// One spelling for every way to name a file, whether it exists yet or not.
+// One spelling for every way to name a file, whether it exists yet or not. A link in the place of
+// the file itself stays: a working copy that is written through one would change another file.
 fs::path CanonicalPath(std::string_view name) {
     std::error_code failure;
     const fs::path path = fs::absolute(ResolvePath(name), failure);
-    fs::path canonical = fs::weakly_canonical(path, failure);
-    return failure ? path : canonical;
+    const fs::path folder = fs::weakly_canonical(path.parent_path(), failure);
+    return failure ? path : folder / path.filename();
 }
 
-bool IsSameFile(const struct stat& left, const struct stat& right) {
-    return left.st_dev == right.st_dev && left.st_ino == right.st_ino;
+// A new file under that name. What a run that was broken off has left, whoever it belonged to,
+// makes room and is not written to: it could have a second name, or be open elsewhere. Whatever is
+// no regular file stays, and is an error.
+int CreateAnew(const fs::path& path, Descriptor& file) {
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW;
+    const int failure = OpenRegularFile(path, kFlags, file);
+    if (failure != EEXIST) return failure;
+    return ::unlink(path.c_str()) == 0 ? OpenRegularFile(path, kFlags, file) : errno;
+}
+
+// What Copy has just made, or a new one.
+int OpenForMore(const fs::path& path, Descriptor& file) {
+    return OpenRegularFile(path, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW, file);
+}
+
+void RequireOtherFile(const Descriptor& from, const fs::path& source, const fs::path& target) {
+    struct stat left {};
+    struct stat right {};
+    if (::fstat(from.Get(), &left) != 0 || ::lstat(target.c_str(), &right) != 0) return;
+    if (left.st_dev != right.st_dev || left.st_ino != right.st_ino) return;
+    throw RuntimeError(error_number::kPermissionDenied,
+                       "Can not copy " + source.string() + " onto itself");
 }
 
 void CopyContent(const fs::path& source, const fs::path& target) {
-    const Descriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!from.IsOpen()) throw ErrorFromErrno(errno, "read", source.string());
-    Descriptor to(::open(target.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
-    if (!to.IsOpen()) throw ErrorOfCreating(errno, "write", target);
-    struct stat sourceStatus {};
-    struct stat targetStatus {};
-    int failure = ::fstat(from.Get(), &sourceStatus) == 0 ? 0 : errno;
-    if (failure == 0) failure = ::fstat(to.Get(), &targetStatus) == 0 ? 0 : errno;
-    if (failure == 0 && IsSameFile(sourceStatus, targetStatus)) {
-        throw RuntimeError(error_number::kPermissionDenied,
-                           "Can not copy " + source.string() + " onto itself");
-    }
-    // Emptied only now: opening could not tell yet that it is the source itself.
-    if (failure == 0 && S_ISREG(targetStatus.st_mode)) {
-        failure = ::ftruncate(to.Get(), 0) == 0 ? 0 : errno;
-    }
-    if (failure == 0) failure = CopyAll(from.Get(), to.Get());
+    Descriptor from;
+    int failure = OpenRegularFile(source, O_RDONLY, from);
+    if (failure != 0) throw ErrorFromErrno(failure, "read", source.string());
+    RequireOtherFile(from, source, target);
+    Descriptor to;
+    failure = CreateAnew(target, to);
+    if (failure != 0) throw ErrorOfCreating(failure, "write", target);
+    failure = CopyAll(from.Get(), to.Get());
     if (failure == 0) failure = SyncContent(to.Get());
     if (failure == 0) failure = to.Close();
     if (failure != 0) throw ErrorFromErrno(failure, "write", target.string());
@@ -142,18 +154,19 @@ std::string EncodeLine(std::string_view line) {
 }
 
 std::unique_ptr<TextFile> TextFiles::OpenForOutput(std::string_view name) {
-    return Open(name, O_TRUNC);
+    return Open(name, CreateAnew);
 }
 
 std::unique_ptr<TextFile> TextFiles::OpenForAppend(std::string_view name) {
-    return Open(name, O_APPEND);
+    return Open(name, OpenForMore);
 }
 
-std::unique_ptr<TextFile> TextFiles::Open(std::string_view name, int flags) {
+std::unique_ptr<TextFile> TextFiles::Open(std::string_view name, OpenFile* open) {
     const fs::path path = CanonicalPath(name);
     RequireNotOpen(path);
-    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | flags, 0666));
-    if (!file.IsOpen()) throw ErrorOfCreating(errno, "open", path);
+    Descriptor file;
+    const int failure = open(path, file);
+    if (failure != 0) throw ErrorOfCreating(failure, "open", path);
     return std::unique_ptr<TextFile>(new TextFile(*this, path, file.Release()));
 }
 

@@ -11,6 +11,7 @@
 
 namespace platform {
 
+class Descriptor;
 class TextFiles;
 
 // One open output file. Lines are collected in a buffer and written when it is full, on Close, and
@@ -53,26 +54,28 @@ class TextFile {
 
 [[nodiscard]] std::string EncodeLine(std::string_view line);  // code page and CR LF
 
-// The table of open output files. It outlives them.
+// The table of open output files. It outlives them. A name that is a link's, a FIFO's, a device's
+// or a folder's is error 75, and what is there stays as it is.
 class TextFiles {
   public:
     TextFiles() = default;
     TextFiles(const TextFiles&) = delete;
     TextFiles& operator=(const TextFiles&) = delete;
 
-    // Creates the file or empties it. Errors 55, 70, 75, 76, 61.
+    // Creates the file; one of that name goes. Errors 55, 70, 75, 76, 61.
     [[nodiscard]] std::unique_ptr<TextFile> OpenForOutput(std::string_view name);
 
     // Creates the file where there is none; what is written follows what it holds. Errors likewise.
     [[nodiscard]] std::unique_ptr<TextFile> OpenForAppend(std::string_view name);
 
-    // Copies a file, replacing the target's content; the copy is on disk afterwards. Error 53 where
-    // there is no `from`, 55 where either is open, 70 where both are the same file.
+    // Copies a file to a new one; a file of that name goes. The copy is on disk afterwards. Error
+    // 53 where there is no `from`, 55 where either is open, 70 where both are the same file.
     void Copy(std::string_view from, std::string_view to);
 
   private:
     friend class TextFile;
-    [[nodiscard]] std::unique_ptr<TextFile> Open(std::string_view name, int flags);
+    using OpenFile = int(const std::filesystem::path&, Descriptor&);  // an errno value, 0 for none
+    [[nodiscard]] std::unique_ptr<TextFile> Open(std::string_view name, OpenFile* open);
     void RequireNotOpen(const std::filesystem::path& path) const;
 
     std::vector<std::filesystem::path> open_;  // canonical paths

@@ -1,7 +1,7 @@
 #include "ui/journal.h"
 
 #include <fcntl.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
 #include <cerrno>
 #include <nlohmann/json.hpp>
@@ -40,37 +40,46 @@ Json TitleOf(const std::optional<std::string>& title) {
     return title ? Json(*title) : Json(nullptr);
 }
 
+// A FIFO may be a journal where somebody reads it: opening it would wait for the reader.
+platform::Descriptor OpenJournal(const std::string& fileName) {
+    platform::Descriptor file;
+    int failure = 0;
+    struct stat status {};
+    if (stat(fileName.c_str(), &status) == 0 && S_ISFIFO(status.st_mode)) {
+        file = platform::Descriptor(open(fileName.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC));
+        if (!file.IsOpen() && errno == ENXIO) {
+            throw platform::RuntimeError(platform::error_number::kPathAccess,
+                                         "Can not open " + fileName + ": nobody reads the FIFO");
+        }
+        failure = file.IsOpen() ? platform::MakeBlocking(file.Get()) : errno;
+    } else {
+        failure = platform::OpenRegularFile(fileName, O_WRONLY | O_CREAT | O_APPEND, file);
+    }
+    if (failure != 0) throw platform::ErrorOfCreating(failure, "open", fileName);
+    return file;
+}
+
 }  // namespace
 
 // The open file; every event goes to the system at once, as one write.
 class Journal::File {
   public:
     File(const std::string& fileName, const platform::Clock& clock)
-        : fileName_(fileName),
-          clock_(clock),
-          descriptor_(open(fileName.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0666)) {
-        if (descriptor_ < 0) throw platform::ErrorOfCreating(errno, "open", fileName_);
-    }
-    ~File() { close(descriptor_); }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
+        : fileName_(fileName), clock_(clock), file_(OpenJournal(fileName)) {}
 
     void Append(const char* event, const Json& members) {
         Json object = {{"time", platform::IsoDateTime(clock_.Now(), 'T')}, {"event", event}};
         object.update(members);
         const std::string line = object.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
-        for (std::size_t written = 0; written < line.size();) {
-            const ssize_t count = write(descriptor_, line.data() + written, line.size() - written);
-            if (count < 0 && errno == EINTR) continue;
-            if (count < 0) throw platform::ErrorFromErrno(errno, "write", fileName_);
-            written += static_cast<std::size_t>(count);
-        }
+        std::string_view rest = line;
+        const int failure = platform::WriteAll(file_.Get(), rest);
+        if (failure != 0) throw platform::ErrorFromErrno(failure, "write", fileName_);
     }
 
   private:
     std::string fileName_;
     const platform::Clock& clock_;
-    int descriptor_;
+    platform::Descriptor file_;
 };
 
 Journal::Journal(const std::string& fileName, platform::Operator& next,

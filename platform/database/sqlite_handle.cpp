@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "platform/database/sqlite_functions.h"
+#include "platform/database/statement_text.h"
 #include "platform/error.h"
 
 namespace platform::database {
@@ -79,7 +80,7 @@ void SqliteHandle::Check(int code, std::string_view sql) const {
     const bool known = handle_ != nullptr && sqlite3_extended_errcode(handle_.get()) == code;
     const std::string message = known ? sqlite3_errmsg(handle_.get()) : sqlite3_errstr(code);
     std::string description = "Database '" + fileName_ + "': " + message + ".";
-    if (!sql.empty()) description.append(" SQL: ").append(sql);
+    if (!sql.empty()) description.append(kStatementMark).append(sql);
     throw RuntimeError(ErrorOfCode(code, message), std::move(description));
 }
 

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include "platform/database/statement_text.h"
 #include "platform/date_text.h"
 #include "platform/error.h"
 
@@ -53,7 +54,7 @@ Statement::Statement(const SqliteHandle& handle, std::string_view sql) : handle_
     const auto left = static_cast<std::size_t>(sql.data() + sql.size() - rest);
     if (!statement_ || sql.substr(sql.size() - left).find_first_not_of(" \t\r\n") != sql.npos) {
         throw RuntimeError(error_number::kSyntaxError,
-                           "One SQL statement expected. SQL: " + std::string(sql));
+                           "One SQL statement expected." + std::string(kStatementMark).append(sql));
     }
 }
 

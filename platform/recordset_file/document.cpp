@@ -20,6 +20,22 @@ constexpr const char* kNoSchema = "the file has no schema: it is no persisted re
 void RecordsetDocument::Start(const char* name, const char* const* attributes) {
     if (places_.size() >= kMaxDepth) Refuse("the elements are nested too deep.");
     places_.push_back(PlaceOf(name, attributes));
+    if (places_.back() != Place::Row) {
+        NoteNames(name, attributes);
+    } else if (fullRowName_ != name) {
+        foreignNames_.Note(name);  // in another spelling of case
+    }
+}
+
+void RecordsetDocument::StartNamespace(const char* prefix, const char* uri) {
+    if (prefix != nullptr) foreignNames_.NotePrefix(prefix);
+    if (uri != nullptr) foreignNames_.Note(uri);
+}
+
+void RecordsetDocument::NoteNames(const char* name, const char* const* attributes) {
+    foreignNames_.Note(name);
+    for (; *attributes != nullptr; attributes += 2)
+        foreignNames_.Note(*attributes);
 }
 
 RecordsetDocument::Place RecordsetDocument::PlaceOf(const char* name,
@@ -111,7 +127,7 @@ void RecordsetDocument::EndSchema() {
     const RecordsetSchema schema = schema_.Finish();
     rowName_ = schema.rowName;
     fullRowName_ = std::string(xml_space::kRow) + kNameSeparator + rowName_;
-    rows_.emplace(schema);
+    rows_.emplace(schema, foreignNames_);
 }
 
 void RecordsetDocument::Finish() {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/recordset_file/foreign_names.h"
 #include "platform/recordset_file/row_assembler.h"
 #include "platform/recordset_file/schema.h"
 #include "platform/value.h"
@@ -20,8 +21,13 @@ inline constexpr std::size_t kMaxDepth = 64;
 // Errors are 321; Where() tells the record and the column that they concern.
 class RecordsetDocument {
   public:
+    RecordsetDocument() = default;
+    RecordsetDocument(const RecordsetDocument&) = delete;  // its parts refer to each other
+    RecordsetDocument& operator=(const RecordsetDocument&) = delete;
+
     // `attributes`: name and value in turn, closed by a null pointer.
     void Start(const char* name, const char* const* attributes);
+    void StartNamespace(const char* prefix, const char* uri);  // null where there is none
     void End();
     void Finish();  // the document is at its end
 
@@ -43,9 +49,11 @@ class RecordsetDocument {
     [[nodiscard]] Place PlaceInRoot(const XmlName& name) const;
     [[nodiscard]] Place PlaceInData(const XmlName& name, Place parent) const;
     [[nodiscard]] bool IsRow(const XmlName& name) const;
+    void NoteNames(const char* name, const char* const* attributes);
     void ReadRow(Place parent, const char* const* attributes);
     void EndSchema();
 
+    ForeignNames foreignNames_;
     std::vector<Place> places_;
     SchemaBuilder schema_;
     std::optional<RowAssembler> rows_;  // once the schema is known

@@ -1,6 +1,7 @@
 #include "platform/recordset_file/reader.h"
 
 #include <expat.h>
+#include <fcntl.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -12,6 +13,7 @@
 #include <utility>
 
 #include "platform/code_page.h"
+#include "platform/descriptor.h"
 #include "platform/error.h"
 #include "platform/files.h"
 #include "platform/recordset_file/document.h"
@@ -39,8 +41,12 @@ struct FreeParser {
 using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, FreeParser>;
 
 File OpenForReading(std::string_view fileName) {
-    File file(std::fopen(ResolvePath(fileName).c_str(), "rb"));
+    Descriptor descriptor;
+    const int failure = OpenRegularFile(ResolvePath(fileName), O_RDONLY, descriptor);
+    if (failure != 0) throw ErrorFromErrno(failure, "open", fileName);
+    File file(::fdopen(descriptor.Get(), "rb"));
     if (!file) throw ErrorFromErrno(errno, "open", fileName);
+    (void)descriptor.Release();  // it is the stream's now
     // The chunks go straight into the parser's buffer.
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     return file;
@@ -93,6 +99,7 @@ class RecordsetFileReader::Impl {
     static Impl& Self(void* data) { return *static_cast<Impl*>(data); }
     static void XMLCALL OnStart(void* data, const XML_Char* name, const XML_Char** attributes);
     static void XMLCALL OnEnd(void* data, const XML_Char* name);
+    static void XMLCALL OnNamespace(void* data, const XML_Char* prefix, const XML_Char* uri);
     static void XMLCALL OnDoctype(void* data, const XML_Char* name, const XML_Char* systemId,
                                   const XML_Char* publicId, int hasInternalSubset);
 
@@ -114,6 +121,7 @@ RecordsetFileReader::Impl::Impl(std::string_view fileName)
     if (!parser_) throw std::bad_alloc();
     XML_SetUserData(parser_.get(), this);
     XML_SetElementHandler(parser_.get(), OnStart, OnEnd);
+    XML_SetStartNamespaceDeclHandler(parser_.get(), OnNamespace);
     XML_SetStartDoctypeDeclHandler(parser_.get(), OnDoctype);
     XML_SetUnknownEncodingHandler(parser_.get(), OnUnknownEncoding, nullptr);
     ParseOn();
@@ -195,6 +203,12 @@ void XMLCALL RecordsetFileReader::Impl::OnEnd(void* data, const XML_Char* /*name
         const bool stop = self.document_.HasRow() || self.document_.HasSchema() != hadSchema;
         if (stop && !stopped) XML_StopParser(self.parser_.get(), XML_TRUE);
     });
+}
+
+void XMLCALL RecordsetFileReader::Impl::OnNamespace(void* data, const XML_Char* prefix,
+                                                    const XML_Char* uri) {
+    Impl& self = Self(data);
+    self.OnEvent([&] { self.document_.StartNamespace(prefix, uri); });
 }
 
 // The entities of a document type could swell a small file to any size.

@@ -34,7 +34,8 @@ std::vector<std::size_t> FieldOrder(const RecordsetSchema& schema) {
 
 }  // namespace
 
-RowAssembler::RowAssembler(const RecordsetSchema& schema) {
+RowAssembler::RowAssembler(const RecordsetSchema& schema, ForeignNames& foreignNames)
+    : foreignNames_(foreignNames) {
     for (const SchemaColumn& column : schema.columns) {
         byName_.emplace(Upper(column.alias), columns_.size());
         columns_.push_back({column.alias, column.type, column.nullable, kNone});
@@ -151,6 +152,8 @@ std::size_t RowAssembler::Find(const char* name) {
         return place;
     }
     const std::size_t place = FindAnyCase(name);
+    // Another spelling of case is a name of its own to the parser.
+    if (place == kNone || columns_[place].alias != name) foreignNames_.Note(name);
     if (place != kNone) expected_ = place + 1;
     return place;
 }

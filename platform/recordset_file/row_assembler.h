@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/recordset_file/foreign_names.h"
 #include "platform/recordset_file/schema.h"
 #include "platform/value.h"
 
@@ -17,7 +18,8 @@ class RowAssembler {
   public:
     using Row = std::vector<Value>;
 
-    explicit RowAssembler(const RecordsetSchema& schema);
+    // `foreignNames` outlives it.
+    RowAssembler(const RecordsetSchema& schema, ForeignNames& foreignNames);
 
     [[nodiscard]] const std::vector<std::string>& Fields() const { return fields_; }
 
@@ -59,6 +61,7 @@ class RowAssembler {
     [[nodiscard]] std::size_t Find(const char* name);
     [[nodiscard]] std::size_t FindAnyCase(std::string_view name) const;
 
+    ForeignNames& foreignNames_;
     std::vector<Column> columns_;  // in the order of the document
     std::vector<std::string> fields_;
     std::unordered_map<std::string, std::size_t> byName_;  // by the upper-cased alias

@@ -4,8 +4,11 @@
 
 #include <map>
 #include <sstream>
+#include <utility>
 
+#include "platform/files.h"
 #include "tests/support/platform/expect_error.h"
+#include "tests/support/platform/no_files.h"
 #include "tests/support/ui/test_shop.h"
 
 using platform::Answer;
@@ -141,6 +144,25 @@ TEST_F(Export, NothingIsPlacedWhereOneOfTheFilesCanNotBe) {
         EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
         EXPECT_EQ(shop.AskStore("SELECT NextVoucherNo FROM Options"), voucherNo);
     }
+}
+
+TEST_F(Export, ANameThatIsNoFilesIsRefusedBeforeAnythingIsChanged) {
+    for (const std::string& name : support::MakeNoFiles(shop.folder)) {
+        for (std::string app::AppSettings::*setting :
+             {&app::AppSettings::EDIFileName, &app::AppSettings::VoucherFileName}) {
+            SCOPED_TRACE(name);
+            const std::string before = std::exchange(shop.settings.*setting, name);
+            fileexport::ExportRun failing(shop.settings, shop.databases, shop.runState, shop.window,
+                                          shop.theOperator, shop.clock, shop.textFiles);
+            const std::string text =
+                ExpectError(75, [&] { failing.ExportDataSet(store::DataSet("K")); });
+            EXPECT_NE(text.find(name), std::string::npos) << text;
+            shop.settings.*setting = before;
+        }
+    }
+    EXPECT_EQ(shop.AskWork("SELECT count(*) FROM SalesLines"), "0");
+    EXPECT_TRUE(shop.theOperator.asked.empty());
+    EXPECT_EQ(platform::ListFiles(".", "*.tmp"), std::vector<std::string>{});
 }
 
 TEST_F(Export, ErrorsNameWhereTheyHappened) {

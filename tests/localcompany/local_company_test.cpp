@@ -80,6 +80,29 @@ TEST_F(LocalCompany, ConnectsWhereServerCompanyAndUserAreAccepted) {
     EXPECT_FALSE(folder_.Has("Sub/Demo.company"));
 }
 
+TEST_F(LocalCompany, ARefusedLogonTellsTheReasonWithoutSql) {
+    const auto refusal = [&](const std::string& companyDb) {
+        const auto company = connector_.CreateCompany();
+        SetLogon(*company, "", companyDb, "manager", kPassword);
+        EXPECT_EQ(company->Connect(), -10);
+        return company->GetLastError().text;
+    };
+    (void)engine_.CreateDatabase(folder_.File("Empty.company"));
+    folder_.Write("Rubbish.company", std::string(5000, 'x'));
+    const auto other = engine_.OpenDatabase(folder_.File("Demo.company"));
+    other->Execute("BEGIN EXCLUSIVE");
+    for (const auto& [companyDb, reason] :
+         {std::pair<const char*, const char*>{"Empty", "no such table"},
+          {"Rubbish", "not a database"},
+          {"Demo", "locked"}}) {
+        const std::string text = refusal(companyDb);
+        EXPECT_NE(text.find(reason), std::string::npos) << text;
+        EXPECT_NE(text.find(companyDb), std::string::npos) << text;
+        EXPECT_EQ(text.find("SQL"), std::string::npos) << text;
+        EXPECT_EQ(text.find("SELECT"), std::string::npos) << text;
+    }
+}
+
 TEST_F(LocalCompany, RefusesObjectsAndCallsWithoutAConnection) {
     const auto partner = New<BusinessPartners>(ObjectType::BusinessPartners);
     const auto item = New<Items>(ObjectType::Items);

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "tests/support/platform/expect_error.h"
+#include "tests/support/platform/no_files.h"
 #include "tests/support/platform/temp_folder.h"
 
 namespace platform {
@@ -136,6 +138,48 @@ TEST(MoveFile, KeepsLinkOwnerAndModeOfTheFileThatItReplaces) {
     EXPECT_TRUE(fs::is_symlink(folder.Path() / "bilag.txt"));
     EXPECT_EQ(folder.Read("real.txt"), "new");
     EXPECT_EQ(fs::status(folder.Path() / "real.txt").permissions(), fs::perms(0664));
+}
+
+TEST(Files, WhatIsNoFileIsNeitherReadNorReplaced) {
+    const TempFolder folder;
+    folder.Write("fra.txt", "");
+    for (const std::string& name : support::MakeNoFiles(folder)) {
+        SCOPED_TRACE(name);
+        ExpectError(75, [&] { MoveFile(folder.File("fra.txt"), folder.File(name)); });
+        for (const std::string& text :
+             {ExpectError(75, [&] { return ReadWholeFile(folder.File(name)); }),
+              ExpectError(75, [&] { RequirePlaceForFile(folder.File(name)); })}) {
+            EXPECT_NE(text.find(name), std::string::npos) << text;
+        }
+    }
+    std::filesystem::create_symlink("ny.txt", folder.File("ny.lenke"));
+    folder.Write("fil", "");
+    for (const char* name : {"ingen", "fil", "ny.lenke"})
+        RequirePlaceForFile(folder.File(name));
+}
+
+TEST(WriteWholeFile, RemovesWhatEndedProcessesLeftAndNothingElse) {
+    const TempFolder folder;
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(0);
+    ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+    const std::string gone = std::to_string(child);
+    const std::string here = std::to_string(::getpid());
+    const Names kept = {"b.ini." + gone + "-0.new",
+                        "a.ini." + here + "-7.new",
+                        "a.ini.1-0.new",
+                        "a.ini." + gone + "-0.news",
+                        "a.ini." + gone + "-.new",
+                        "a.ini." + gone + ".new",
+                        "a.ini.0-0.new"};
+    for (const std::string& name : kept)
+        folder.Write(name, "");
+    folder.Write("a.ini." + gone + "-0.new", "");
+    folder.Write("a.ini." + gone + "-12.new", "");
+    WriteWholeFile(folder.File("a.ini"), "x");
+    for (const std::string& name : kept)
+        EXPECT_TRUE(folder.Has(name)) << name;
+    EXPECT_EQ(ListFiles(folder.Path().string(), "*").size(), kept.size() + 1);
 }
 
 TEST(Files, AWriteProtectedFolderIsError75) {

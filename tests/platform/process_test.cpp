@@ -5,8 +5,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <thread>
 
 #include "platform/files.h"
@@ -87,6 +89,41 @@ TEST_F(ProcessTest, TheProgramInheritsNothingAndLeavesNoZombie) {
     ::close(open);
     EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
     EXPECT_EQ(errno, ECHILD);
+}
+
+// What a signal does that this process ignores or not, as the system tells it.
+constexpr unsigned long kSignalsOfWriting = 1UL << (SIGPIPE - 1) | 1UL << (SIGXFSZ - 1);
+
+TEST_F(ProcessTest, AProgramWithoutStandardFilesWritesIntoNoneOfItsOwn) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+            ::close(standard);
+        PrepareProcess();
+        for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+            if (::fcntl(standard, F_GETFD) < 0) ::_exit(1);
+        }
+        ::_exit(::open("/dev/null", O_RDONLY) > STDERR_FILENO ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0) << "a file of its own is a standard file";
+}
+
+TEST_F(ProcessTest, WritingInVainIsAnErrorHereAndASignalToTheStartedProgram) {
+    PrepareProcess();
+    std::array<int, 2> pipe{};
+    ASSERT_EQ(::pipe(pipe.data()), 0);
+    ::close(pipe[0]);
+    EXPECT_EQ(::write(pipe[1], "x", 1), -1);
+    EXPECT_EQ(errno, EPIPE);
+    ::close(pipe[1]);
+
+    WriteProgram("signaler.sh",
+                 "#!/bin/sh\ncd \"${0%/*}\"\n"
+                 "sed -n 's/^SigIgn:[[:blank:]]*//p' /proc/$$/status >ut.ny\nmv ut.ny ut\n");
+    EXPECT_TRUE(starter_.Start(folder_.File("signaler.sh")));
+    EXPECT_EQ(std::stoul(Result(), nullptr, 16) & kSignalsOfWriting, 0U);
 }
 
 }  // namespace

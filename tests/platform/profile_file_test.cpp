@@ -3,11 +3,14 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "tests/support/platform/expect_error.h"
+#include "tests/support/platform/no_files.h"
 #include "tests/support/platform/temp_folder.h"
 
 namespace platform {
 namespace {
 
+using support::ExpectError;
 using support::TempFolder;
 using namespace std::string_literals;
 
@@ -145,6 +148,19 @@ TEST_F(ProfileFileTest, FailuresLeaveTheSystemsCode) {
     EXPECT_EQ(profile_.LastError(), 5);
     EXPECT_TRUE(profile_.WriteString("a", "b", "c", file_));
     EXPECT_EQ(profile_.LastError(), 0);
+}
+
+TEST_F(ProfileFileTest, WhatIsNoFileIsAnErrorThatNamesIt) {
+    for (const std::string& name : support::MakeNoFiles(folder_)) {
+        const std::string path = folder_.File(name);
+        if (std::filesystem::is_directory(path)) continue;  // of which the system has a code
+        std::string buffer;
+        for (const std::string& text :
+             {ExpectError(75, [&] { profile_.GetString("a", "b", "", buffer, 255, path); }),
+              ExpectError(75, [&] { profile_.WriteString("a", "b", "c", path); })}) {
+            EXPECT_NE(text.find(path), std::string::npos) << text;
+        }
+    }
 }
 
 }  // namespace

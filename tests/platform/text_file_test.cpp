@@ -1,8 +1,12 @@
 #include "platform/text_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
 
 #include "tests/support/platform/expect_error.h"
+#include "tests/support/platform/no_files.h"
 #include "tests/support/platform/temp_folder.h"
 
 namespace platform {
@@ -10,6 +14,27 @@ namespace {
 
 using support::ExpectError;
 using support::TempFolder;
+
+// Files may not grow further for as long as it lives.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(rlim_t size) {
+        handlerBefore_ = std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit lower{size, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &lower);
+    }
+    ~FileSizeLimit() {
+        ::setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handlerBefore_);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+  private:
+    rlimit before_{};
+    void (*handlerBefore_)(int) = nullptr;
+};
 
 TEST(TextFile, WritesCodePageLinesInOrder) {
     const TempFolder folder;
@@ -71,35 +96,76 @@ TEST(TextFiles, OpeningTellsWhatIsInTheWay) {
 }
 
 TEST(TextFile, AFullDiskIsError61AndTheFileCanBeOpenedAgain) {
-    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full";
+    const TempFolder folder;
+    const std::string block(400'000, 'x');
+    const FileSizeLimit limit(100'000);
     TextFiles files;
-    const auto atClose = files.OpenForAppend("/dev/full");
-    atClose->WriteLine("x");
+    const auto atClose = files.OpenForAppend(folder.File("ut.txt"));
+    atClose->WriteLine(block.substr(0, 150'000));
     ExpectError(61, [&] { atClose->Close(); });
     EXPECT_FALSE(atClose->IsOpen());
 
-    const auto whileWriting = files.OpenForAppend("/dev/full");
-    const std::string block(400'000, 'x');
+    const auto whileWriting = files.OpenForAppend(folder.File("ut.txt"));
     ExpectError(61, [&] { whileWriting->WriteEncoded(block); });
     ExpectError(61, [&] { whileWriting->WriteLine(block); });
 }  // what is left can not be written either, and is nobody's error any more
 
-TEST(TextFiles, CopyReplacesTheContentOnly) {
+TEST(TextFiles, CopyReplacesTheFile) {
     const TempFolder folder;
     const std::string content(500'000, 'y');
     folder.Write("fra.tmp", content);
     folder.Write("Til.txt", std::string(600'000, 'z'));
-    std::filesystem::create_hard_link(folder.File("Til.txt"), folder.File("samme.txt"));
     TextFiles files;
     files.Copy(folder.File("FRA.TMP"), folder.File("TIL.TXT"));
-    EXPECT_TRUE(folder.Read("samme.txt") == content);
+    EXPECT_TRUE(folder.Read("Til.txt") == content);
+    std::filesystem::create_hard_link(folder.File("Til.txt"), folder.File("samme.txt"));
     ExpectError(70, [&] { files.Copy(folder.File("samme.txt"), folder.File("Til.txt")); });
     EXPECT_TRUE(folder.Read("Til.txt") == content);
     ExpectError(53, [&] { files.Copy(folder.File("ingen.txt"), folder.File("Til.txt")); });
     ExpectError(76, [&] { files.Copy(folder.File("Til.txt"), folder.File("ingen/Til.txt")); });
-    if (std::filesystem::exists("/dev/full")) {
-        ExpectError(61, [&] { files.Copy(folder.File("Til.txt"), "/dev/full"); });
+    const FileSizeLimit limit(100'000);
+    ExpectError(61, [&] { files.Copy(folder.File("Til.txt"), folder.File("ny.txt")); });
+}
+
+// A working copy's name lies beside files that others may write: whoever plants a link or a pipe
+// there must neither have another file overwritten nor hold the server.
+TEST(TextFiles, WhatIsNoFileOfItsOwnIsRefusedAndLeftAlone) {
+    const TempFolder folder;
+    std::vector<std::string> names = support::MakeNoFiles(folder);
+    folder.Write("fra.txt", "ny");
+    folder.Write("annen.txt", "annen");
+    std::filesystem::create_symlink("annen.txt", folder.File("plantet.tmp"));
+    std::filesystem::create_symlink("ingen.txt", folder.File("ingensteds.tmp"));
+    names.insert(names.end(), {"plantet.tmp", "ingensteds.tmp"});
+    TextFiles files;
+    for (const std::string& name : names) {
+        SCOPED_TRACE(name);
+        const std::string path = folder.File(name);
+        const auto before = std::filesystem::symlink_status(path);
+        for (const std::string& text :
+             {ExpectError(75, [&] { return files.OpenForOutput(path); }),
+              ExpectError(75, [&] { return files.OpenForAppend(path); }),
+              ExpectError(75, [&] { files.Copy(folder.File("fra.txt"), path); })}) {
+            EXPECT_NE(text.find(path), std::string::npos) << text;
+        }
+        EXPECT_EQ(std::filesystem::symlink_status(path).type(), before.type());
     }
+    EXPECT_EQ(folder.Read("annen.txt"), "annen");
+    EXPECT_FALSE(folder.Has("ingen.txt"));
+}
+
+TEST(TextFiles, WhatABrokenOffRunLeftIsReplacedNotWrittenTo) {
+    const TempFolder folder;
+    folder.Write("bilag.tmp", "gammel");
+    std::filesystem::create_hard_link(folder.File("bilag.tmp"), folder.File("navn to"));
+    folder.Write("fra.txt", "ny");
+    TextFiles files;
+    files.OpenForOutput(folder.File("bilag.tmp"))->Close();
+    EXPECT_EQ(folder.Read("navn to"), "gammel");
+    std::filesystem::create_hard_link(folder.File("bilag.tmp"), folder.File("navn tre"));
+    files.Copy(folder.File("fra.txt"), folder.File("bilag.tmp"));
+    EXPECT_EQ(folder.Read("navn tre"), "");
+    EXPECT_EQ(folder.Read("bilag.tmp"), "ny");
 }
 
 }  // namespace

@@ -1,9 +1,17 @@
 #include "ui/journal.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <array>
+#include <memory>
+
+#include "platform/descriptor.h"
+#include "platform/process.h"
 #include "tests/support/platform/expect_error.h"
 #include "tests/support/platform/fixed_clock.h"
+#include "tests/support/platform/no_files.h"
 #include "tests/support/platform/scripted_operator.h"
 #include "tests/support/platform/temp_folder.h"
 
@@ -49,4 +57,29 @@ TEST(Journal, AFileThatCanNotBeOpenedIsAnError) {
     support::ScriptedOperator person;
     const support::FixedClock clock;
     support::ExpectError(76, [&] { ui::Journal(folder.File("no/journal"), person, clock); });
+}
+
+TEST(Journal, AFifoIsAJournalOnlyForAsLongAsSomebodyReadsIt) {
+    platform::PrepareProcess();
+    const support::TempFolder folder;
+    support::ScriptedOperator person;
+    const support::FixedClock clock;
+    const auto open = [&](const std::string& name) {
+        return std::make_unique<ui::Journal>(folder.File(name), person, clock);
+    };
+    for (const std::string& name : support::MakeNoFiles(folder)) {
+        const std::string text = support::ExpectError(75, [&] { open(name); });
+        EXPECT_NE(text.find(folder.File(name)), std::string::npos) << text;
+    }
+    const std::string fifo = folder.File("rør");
+    platform::Descriptor reader(::open(fifo.c_str(), O_RDONLY | O_NONBLOCK));
+    const auto journal = open("rør");
+    journal->ShowStatusLine("lest");
+    std::array<char, 1000> read{};
+    const ssize_t count = ::read(reader.Get(), read.data(), read.size());
+    ASSERT_GT(count, 0);
+    EXPECT_NE(std::string_view(read.data(), static_cast<std::size_t>(count)).find("lest"),
+              std::string_view::npos);
+    reader.Close();
+    support::ExpectError(57, [&] { journal->ShowStatusLine("ulest"); });
 }

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "tests/support/ui/test_shop.h"
+#include "ui/terminal/printable.h"
 #include "ui/terminal/terminal_face.h"
 
 using platform::Answer;
@@ -26,13 +27,15 @@ class Terminal : public testing::Test {
         return terminal.Ask({std::nullopt, "Skal?", Icon::Question, defaultAnswer});
     }
 
-    // The data sets that these lines of input select from a list of three.
-    std::string Choose(const std::string& lines) {
+    // The data sets that these lines of input select from a list.
+    std::string Choose(const std::string& lines,
+                       const std::vector<std::string>& names = {"A", "B", "C"}) {
         input.str(lines);
         input.clear();
         chosen.clear();
-        shop.window.ListDayEnd = {
-            {store::DataSet("A")}, {store::DataSet("B")}, {store::DataSet("C")}};
+        shop.window.ListDayEnd.clear();
+        for (const std::string& name : names)
+            shop.window.ListDayEnd.push_back({store::DataSet(name)});
         ui::terminal::TerminalOperator terminal({input, output, errors}, Attendance::Script);
         NoProcesses noProcesses;
         ui::RunDriver driver(shop.settings, shop.window, shop.runState,
@@ -98,4 +101,48 @@ TEST_F(Terminal, ANameThatIsNotWaitingGivesStatus1) {
     selection = {true, {"B"}};
     EXPECT_EQ(Choose(""), "ABC");
     EXPECT_EQ(exitStatus, 0);
+}
+
+TEST_F(Terminal, ShowsControlCharactersWithoutCarryingThemOut) {
+    const struct {
+        std::string text, shown;
+    } cases[] = {
+        {"Kasse1 æøå €", "Kasse1 æøå €"},
+        {"\x1b[31mRød\x07", "\\x1b[31mRød\\x07"},
+        {"a\rb\tc\x7f", "a\\x0db\\x09c\\x7f"},
+        {"\u009b2J\u0080\u009f\u00a0", "\\x9b2J\\x80\\x9f\u00a0"},
+        {std::string("a\0b", 3), "a\\x00b"},
+        {"ingen UTF-8: \xff\x9b \xc2", "ingen UTF-8: \xff\x9b \xc2"},
+        {"\\x1b", "\\x1b"},
+    };
+    for (const auto& [text, shown] : cases) {
+        EXPECT_EQ(ui::terminal::Printable(text), shown);
+        EXPECT_EQ(ui::terminal::PrintableLine(text), shown);
+    }
+    EXPECT_EQ(ui::terminal::Printable("a\nb"), "a\nb");
+    EXPECT_EQ(ui::terminal::PrintableLine("a\nb"), "a\\x0ab");
+
+    ui::terminal::TerminalOperator terminal({input, output, errors}, Attendance::Script);
+    const std::string name = "K\x1b[2J";
+    terminal.ShowStatusLine(name + "\nForfalsket");
+    terminal.Show({name, name, Icon::None});
+    (void)terminal.Ask({name, name, Icon::Question, Answer::No});
+    (void)terminal.Prompt({name, name, name, false});
+    terminal.DayEndCommandStarted(name);
+    terminal.ReportFatal(platform::RuntimeError(75, name));
+    EXPECT_EQ((output.str() + errors.str()).find('\x1b'), std::string::npos);
+    EXPECT_NE(output.str().find("K\\x1b[2J\\x0aForfalsket\n"), std::string::npos) << output.str();
+}
+
+TEST_F(Terminal, ANameWithControlCharactersIsSelectedRawOrAsItIsShown) {
+    const std::string raw = "A\x1b[2J";
+    for (const std::string& name : {raw, std::string("A\\x1b[2J")}) {
+        selection.names = {name};
+        EXPECT_EQ(Choose("", {"A", raw}), raw);
+        EXPECT_EQ(exitStatus, 0);
+    }
+    EXPECT_EQ(Choose("", {raw, "A\\x1b[2J"}), "A\\x1b[2J") << "the exact name first";
+    selection.names.clear();
+    EXPECT_EQ(Choose("2\n", {"A", raw}), raw);
+    EXPECT_NE(output.str().find("  2  A\\x1b[2J\n"), std::string::npos) << output.str();
 }

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/text.h"
+#include "ui/terminal/printable.h"
 
 namespace ui::terminal {
 
@@ -18,11 +19,18 @@ void SelectAll(frmMain& window) {
         entry.isSelected = true;
 }
 
-// Selects the data set of that display name; false when it is not waiting.
+// Selects the data set of that display name, exactly or as the list shows it; false when it is not
+// waiting.
 bool SelectByName(const std::string& name, frmMain& window) {
-    const auto entry =
+    auto entry =
         std::find_if(window.ListDayEnd.begin(), window.ListDayEnd.end(),
                      [&](const ListEntry& each) { return each.dataSet.DisplayName() == name; });
+    if (entry == window.ListDayEnd.end()) {
+        entry = std::find_if(window.ListDayEnd.begin(), window.ListDayEnd.end(),
+                             [&](const ListEntry& each) {
+                                 return PrintableLine(each.dataSet.DisplayName()) == name;
+                             });
+    }
     if (entry == window.ListDayEnd.end()) return false;
     entry->isSelected = true;
     return true;
@@ -53,7 +61,7 @@ void SelectByAnswer(frmMain& window, TerminalOperator& terminal) {
     terminal.Print(frmMain::kLabel4);
     for (std::size_t i = 0; i < window.ListDayEnd.size(); ++i) {
         terminal.Print("  " + std::to_string(i + 1) + "  " +
-                       window.ListDayEnd[i].dataSet.DisplayName());
+                       PrintableLine(window.ListDayEnd[i].dataSet.DisplayName()));
     }
     for (;;) {
         const std::string answer =
@@ -77,7 +85,7 @@ int RunOnce(const Selection& selection, frmMain& window, RunDriver& runDriver,
     bool everyNameWaits = true;
     for (const std::string& name : selection.names) {
         if (SelectByName(name, window)) continue;
-        terminal.Print("Datasettet venter ikke: " + name);
+        terminal.Print("Datasettet venter ikke: " + PrintableLine(name));
         everyNameWaits = false;
     }
     if (selection.all) SelectAll(window);

@@ -1,14 +1,20 @@
 #include "ui/terminal/terminal_operator.h"
 
+#include <poll.h>
 #include <pthread.h>
+#include <sys/signalfd.h>
 #include <termios.h>
 #include <unistd.h>
 
+#include <array>
+#include <cerrno>
 #include <csignal>
 #include <istream>
 #include <ostream>
 
+#include "platform/descriptor.h"
 #include "platform/text.h"
+#include "ui/terminal/printable.h"
 
 namespace ui::terminal {
 
@@ -16,18 +22,16 @@ namespace {
 
 using platform::Answer;
 
-// Switches the echo of the terminal off for as long as it lives. Ctrl-C waits for Enter meanwhile:
-// it would leave the person's terminal silent.
+// Switches the echo of the terminal off for as long as it lives. Signals that end or stop the
+// program wait meanwhile: they would leave the person's terminal silent.
 class SilentInput {
   public:
     explicit SilentInput(bool wanted) {
         isSilent_ = wanted && tcgetattr(STDIN_FILENO, &before_) == 0;
         if (!isSilent_) return;
-        sigset_t interruptions;
-        sigemptyset(&interruptions);
-        for (const int signal : {SIGINT, SIGQUIT, SIGTSTP})
-            sigaddset(&interruptions, signal);
-        pthread_sigmask(SIG_BLOCK, &interruptions, &signalsBefore_);
+        sigset_t held = EndingSignals();
+        sigaddset(&held, SIGTSTP);
+        pthread_sigmask(SIG_BLOCK, &held, &signalsBefore_);
         termios silent = before_;
         silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
         tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
@@ -42,7 +46,32 @@ class SilentInput {
 
     [[nodiscard]] bool IsSilent() const { return isSilent_; }
 
+    // Waits for a line, or for a signal that ends the program: false, and it acts as soon as the
+    // echo is back. Only Ctrl-Z waits for Enter.
+    [[nodiscard]] static bool AwaitsLine() {
+        const sigset_t ending = EndingSignals();
+        const platform::Descriptor signals(signalfd(-1, &ending, SFD_CLOEXEC));
+        std::array<pollfd, 2> awaited = {pollfd{STDIN_FILENO, POLLIN, 0},
+                                         pollfd{signals.Get(), POLLIN, 0}};
+        while (poll(awaited.data(), awaited.size(), -1) < 0 && errno == EINTR) {
+        }
+        return awaited[1].revents == 0;
+    }
+
   private:
+    // Without those that are ignored, as under nohup: they wait too, and then do nothing.
+    static sigset_t EndingSignals() {
+        sigset_t ending;
+        sigemptyset(&ending);
+        for (const int signal : {SIGINT, SIGQUIT, SIGTERM, SIGHUP}) {
+            struct sigaction action {};
+            const bool isIgnored =
+                sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+            if (!isIgnored) sigaddset(&ending, signal);
+        }
+        return ending;
+    }
+
     termios before_{};
     sigset_t signalsBefore_{};
     bool isSilent_ = false;
@@ -89,7 +118,8 @@ std::string TerminalOperator::Prompt(const platform::InputRequest& request) {
     std::optional<std::string> line;
     {
         const SilentInput silent(request.isPassword && attendance_ == Attendance::Person);
-        line = ReadLine(request.text + shownDefault + " ");
+        streams_.output << Printable(request.text + shownDefault + " ") << std::flush;
+        if (!silent.IsSilent() || SilentInput::AwaitsLine()) line = ReadLine("");
         if (silent.IsSilent()) Print("");
     }
     if (!line) return {};  // the end of input cancels
@@ -97,7 +127,7 @@ std::string TerminalOperator::Prompt(const platform::InputRequest& request) {
 }
 
 void TerminalOperator::ShowStatusLine(std::string_view line) {
-    Print(line);
+    Print(PrintableLine(line));
 }
 
 void TerminalOperator::DayEndCommandStarted(std::string_view commandLine) {
@@ -106,11 +136,11 @@ void TerminalOperator::DayEndCommandStarted(std::string_view commandLine) {
 
 void TerminalOperator::ReportFatal(const platform::RuntimeError& error) {
     streams_.errors << "Run-time error '" << error.Number() << "':\n\n"
-                    << error.Description() << std::endl;
+                    << Printable(error.Description()) << std::endl;
 }
 
 std::optional<std::string> TerminalOperator::ReadLine(const std::string& prompt) {
-    streams_.output << prompt << std::flush;
+    streams_.output << Printable(prompt) << std::flush;
     std::string line;
     const bool hasLine = attendance_ != Attendance::Nobody && std::getline(streams_.input, line);
     // Only a person at a terminal has ended the line by pressing Enter.
@@ -121,7 +151,7 @@ std::optional<std::string> TerminalOperator::ReadLine(const std::string& prompt)
 }
 
 void TerminalOperator::Print(std::string_view line) {
-    streams_.output << line << std::endl;
+    streams_.output << Printable(line) << std::endl;
 }
 
 }  // namespace ui::terminal

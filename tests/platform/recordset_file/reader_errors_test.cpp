@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <utility>
 
 #include "tests/platform/recordset_file/reader_fixture.h"
+#include "tests/support/platform/no_files.h"
 
 namespace platform::recordset_file {
 namespace {
@@ -97,11 +99,50 @@ TEST_F(ReaderTest, HostileSizesAreRefused) {
     EXPECT_NE(Refusal(nested).find("nested too deep"), std::string::npos);
 }
 
+// One of the spellings of a name of 16 letters.
+std::string Spelling(std::size_t number) {
+    std::string name(16, 'a');
+    for (std::size_t bit = 0; bit < name.size(); ++bit) {
+        if ((number >> bit & 1U) != 0) name[bit] = 'A';
+    }
+    return name;
+}
+
+// The parser keeps every name that it has seen, in whatever place of the file.
+TEST_F(ReaderTest, NamesWithoutEndAreRefused) {
+    const std::string column = "name='" + Spelling(0) + "'";
+    const auto numbered = [](const char* before, const char* behind) {
+        return [=](std::size_t number) { return before + std::to_string(number) + behind; };
+    };
+    const std::function<std::string(std::size_t)> rows[] = {
+        numbered("<z:row n", "='x'/>"),
+        [](std::size_t number) { return "<z:row " + Spelling(number) + "='x'/>"; },
+        numbered("<rs:insert n", "='x'><z:row/></rs:insert>"),
+        numbered("<rs:delete><n", "/></rs:delete>"),
+        numbered("<z:row xmlns:n", "='urn:x'/>"),
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row(1));
+        std::string many;
+        for (std::size_t number = 0; number < 6000; ++number)
+            many += row(number) + "\n";
+        const std::string refusal = Refusal(OneColumn(column, many));
+        EXPECT_TRUE(refusal.starts_with(", line ")) << refusal;
+        EXPECT_NE(refusal.find("too many names that the schema does not know"), std::string::npos)
+            << refusal;
+    }
+    std::string honest;
+    for (int i = 0; i < 6000; ++i)
+        honest += "<z:row id='1' unknown='x' rs:forcenull='c1'/>";
+    EXPECT_EQ(Read(Sales(honest)).rows.size(), 6000U);
+}
+
 TEST_F(ReaderTest, FilesThatCanNotBeOpened) {
     const std::string missing = folder_.File("None.XML");
     EXPECT_NE(ExpectError(53, [&] { RecordsetFileReader reader(missing); }).find(missing),
               std::string::npos);
-    ExpectError(75, [&] { RecordsetFileReader reader(folder_.Path().string()); });
+    for (const std::string& name : support::MakeNoFiles(folder_))
+        ExpectError(75, [&] { RecordsetFileReader reader(folder_.File(name)); });
 }
 
 }  // namespace
