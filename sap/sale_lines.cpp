@@ -30,14 +30,13 @@ SaleLines::SaleLines(const platform::recordset_file::PersistConnection& persistC
     const std::size_t salesId =
         platform::database::PlaceOfField(rowSet_->fields, "SalesID", rowSet_->source);
     for (std::size_t place = 0; place < rowSet_->rows.size(); ++place) {
-        const Value& id = rowSet_->rows[place][salesId];
-        if (platform::IsNumeric(id)) placesBySale_[platform::ToDouble(id)].push_back(place);
+        const auto id = platform::WholeNumberOf(rowSet_->rows[place][salesId]);
+        if (id) placesBySale_[*id].push_back(place);
     }
 }
 
 std::unique_ptr<ClientRecordset> SaleLines::Open(LineKind kind, const Value& saleId) const {
-    const double id = platform::ToDouble(platform::database::QueryNumber(saleId, "Sales.ID"));
-    const auto found = placesBySale_.find(id);
+    const auto found = placesBySale_.find(platform::database::QueryNumber(saleId, "Sales.ID"));
     std::vector<std::size_t> places;
     if (found != placesBySale_.end()) places = found->second;
     const std::vector<FilterTerm>& filter = filters_[static_cast<std::size_t>(kind)];

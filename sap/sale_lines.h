@@ -1,6 +1,7 @@
 // The lines of a data set in memory, by sale: read once, viewed many times through filters.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -20,13 +21,14 @@ class SaleLines {
     SaleLines(const platform::recordset_file::PersistConnection& persistConnection,
               const std::string& fileName);
 
-    // The lines of that kind with that SalesID. A sale ID that is no number is error 3075.
+    // The lines of that kind with that SalesID. A sale ID that is no whole number is error
+    // 3075.
     [[nodiscard]] std::unique_ptr<platform::database::ClientRecordset> Open(
         LineKind kind, const platform::Value& saleId) const;
 
   private:
     std::shared_ptr<platform::database::RowSet> rowSet_;
-    std::unordered_map<double, std::vector<std::size_t>> placesBySale_;
+    std::unordered_map<std::int64_t, std::vector<std::size_t>> placesBySale_;
     std::vector<std::vector<platform::database::FilterTerm>> filters_;  // by LineKind
 };
 
