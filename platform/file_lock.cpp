@@ -30,12 +30,11 @@ std::string Signature() {
            ", in the folder " + fs::current_path(ignored).string();
 }
 
-// The first line of a lock file, or as much as a description bears.
-std::string FirstLine(int descriptor) {
+// As much of it as a description bears.
+std::string StartOfContent(int descriptor) {
     std::array<char, 512> block{};
     const ssize_t count = ::pread(descriptor, block.data(), block.size(), 0);
-    const std::string_view text(block.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
-    return std::string(text.substr(0, text.find('\n')));
+    return {block.data(), count > 0 ? static_cast<std::size_t>(count) : 0};
 }
 
 bool IsRegular(int descriptor) {
@@ -87,10 +86,12 @@ bool FileLock::Take(const fs::path& file) {
     if (::flock(opened.Get(), LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK) return true;
         if (!IsStillAt(path_, opened.Get())) return false;
-        const std::string line = FirstLine(opened.Get());
-        throw RuntimeError(error_number::kPermissionDenied,
-                           file.string() + " is used by " +
-                               (line.starts_with(kSignature) ? line : "another server"));
+        const std::string content = StartOfContent(opened.Get());
+        throw RuntimeError(
+            error_number::kPermissionDenied,
+            file.string() + " is used by " +
+                (content.starts_with(kSignature) ? content.substr(0, content.find('\n'))
+                                                 : "another server"));
     }
     if (!IsStillAt(path_, opened.Get())) return false;
     descriptor_ = std::move(opened);
@@ -99,9 +100,9 @@ bool FileLock::Take(const fs::path& file) {
 }
 
 void FileLock::SignIn() {
-    const std::string line = FirstLine(descriptor_.Get());
-    isOurs_ = line.empty() || line.starts_with(kSignature);
-    if (!isOurs_ || ::ftruncate(descriptor_.Get(), 0) != 0) return;
+    const std::string content = StartOfContent(descriptor_.Get());
+    isOurs_ = content.empty() || content.starts_with(kSignature);
+    if (!isOurs_ || (!content.empty() && ::ftruncate(descriptor_.Get(), 0) != 0)) return;
     // Without it the other is told less.
     const std::string signature = Signature() + "\n";
     std::string_view rest = signature;

@@ -84,13 +84,13 @@ TEST_F(FileLockTest, WhereNoLockCanBeMadeNothingIsHeldAndNothingChanges) {
     EXPECT_FALSE(folder.Has("mappe.lock"));
     EXPECT_FALSE(folder.Has("rør.lock"));
 
-    folder.Write("notat.lock", "min egen");
+    folder.Write("notat.lock", "\nmin egen");
     {
         const FileLock lock = Lock("notat");
         const std::string text = ExpectError(70, [&] { (void)Lock("notat"); });
         EXPECT_NE(text.find("another server"), std::string::npos) << text;
     }
-    EXPECT_EQ(folder.Read("notat.lock"), "min egen");
+    EXPECT_EQ(folder.Read("notat.lock"), "\nmin egen");
 }
 
 TEST_F(FileLockTest, IsNotHeldOnByAStartedCommand) {
