@@ -25,6 +25,10 @@ Ordering Compare(const Value& left, const Value& right) {
     if (left.AsDate() && right.AsDate()) return OrderingOf(*left.AsDate(), *right.AsDate());
     if (left.AsWhole() && right.AsWhole()) return OrderingOf(*left.AsWhole(), *right.AsWhole());
 
+    const auto leftWhole = WholeNumberOf(left);
+    const auto rightWhole = leftWhole ? WholeNumberOf(right) : std::nullopt;
+    if (rightWhole) return OrderingOf(*leftWhole, *rightWhole);
+
     const std::optional<double> leftNumber = NumberOf(left);
     const std::optional<double> rightNumber = NumberOf(right);
     if (!leftNumber || !rightNumber) return Ordering::Unordered;

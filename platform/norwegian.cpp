@@ -75,6 +75,11 @@ std::optional<double> NumberOf(const Value& value) {
     return std::nullopt;
 }
 
+std::optional<std::int64_t> WholeNumberOf(const Value& value) {
+    if (const std::string* text = value.AsText()) return ParseWholeNumber(*text);
+    return value.Whole();
+}
+
 bool IsNumeric(const Value& value) {
     return value.AsDate() == nullptr && NumberOf(value).has_value();
 }

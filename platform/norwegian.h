@@ -21,6 +21,9 @@ namespace platform {
 // As ToDouble; nothing for null and for a text that spells no number.
 [[nodiscard]] std::optional<double> NumberOf(const Value& value);
 
+// The whole number of 64 bits that the value is or spells, to its last digit; a date is none.
+[[nodiscard]] std::optional<std::int64_t> WholeNumberOf(const Value& value);
+
 // Whether the value is a number, true/false, or a text that spells a number.
 [[nodiscard]] bool IsNumeric(const Value& value);
 

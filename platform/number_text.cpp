@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 
 #include "platform/error.h"
 #include "platform/text.h"
@@ -14,13 +15,14 @@ namespace {
 
 constexpr int kSignificantDigits = 15;
 
-// A number as its 15 significant digits: 0.digits * 10^exponent, without trailing zeros.
+// A number as 0.digits * 10^exponent, without zeros at the ends of the digits.
 struct Decimal {
     bool negative = false;
     std::string digits;  // empty for zero
     int exponent = 0;
 };
 
+// To 15 significant digits.
 Decimal DecimalOf(double number) {
     std::array<char, 40> buffer{};
     const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
@@ -163,6 +165,29 @@ bool IsTooSmall(std::string_view plain) {
     return static_cast<long>(point) + exponent < static_cast<long>(first);
 }
 
+// All digits of a number in that form; nothing where its exponent is beyond all numbers.
+std::optional<Decimal> DecimalOf(std::string_view plain) {
+    Decimal decimal;
+    decimal.negative = plain.starts_with('-');
+    if (decimal.negative) plain.remove_prefix(1);
+    const std::size_t mark = std::min(plain.find('e'), plain.size());
+    if (mark < plain.size()) {
+        const std::string_view power = plain.substr(mark + 1);
+        const auto result =
+            std::from_chars(power.data(), power.data() + power.size(), decimal.exponent);
+        constexpr int kBeyond = 1'000'000;
+        if (result.ec != std::errc{} || std::abs(decimal.exponent) > kBeyond) return std::nullopt;
+    }
+    const std::size_t point = std::min(plain.find('.'), mark);
+    decimal.digits = plain.substr(0, point);
+    if (point < mark) decimal.digits += plain.substr(point + 1, mark - point - 1);
+    const std::size_t zeros = std::min(decimal.digits.find_first_not_of('0'), point);
+    decimal.digits.erase(0, zeros);
+    decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
+    decimal.exponent += static_cast<int>(point - zeros);
+    return decimal;
+}
+
 }  // namespace
 
 std::string NumberText(double number) {
@@ -186,6 +211,23 @@ std::optional<double> ParseNumber(std::string_view text) {
         return 0.0;
     }
     return number;
+}
+
+std::optional<std::int64_t> ParseWholeNumber(std::string_view text) {
+    const std::optional<std::string> plain = PlainNumber(text);
+    const std::optional<Decimal> decimal = plain ? DecimalOf(*plain) : std::nullopt;
+    if (!decimal) return std::nullopt;
+    if (decimal->digits.empty()) return 0;
+    const auto count = static_cast<int>(decimal->digits.size());
+    constexpr int kMostDigits = std::numeric_limits<std::int64_t>::digits10 + 1;
+    if (decimal->exponent < count || decimal->exponent > kMostDigits) return std::nullopt;
+
+    std::string digits = (decimal->negative ? "-" : "") + decimal->digits;
+    digits.append(static_cast<std::size_t>(decimal->exponent - count), '0');
+    std::int64_t whole = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), whole);
+    if (result.ec != std::errc{}) return std::nullopt;
+    return whole;
 }
 
 std::optional<TwoDecimals> TwoDecimals::Of(double number) {

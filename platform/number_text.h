@@ -1,6 +1,7 @@
 // Numbers as Norwegian texts, texts as numbers, numbers with two decimals. Knows no other values.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +16,9 @@ namespace platform {
 // The number that a text spells: blanks around it aside, an optional sign, digits with at most one
 // decimal mark (comma or point), an optional exponent. Nothing where it spells none.
 [[nodiscard]] std::optional<double> ParseNumber(std::string_view text);
+
+// The same where it is a whole number of 64 bits ("501", "501,00", "5.01E2"), to its last digit.
+[[nodiscard]] std::optional<std::int64_t> ParseWholeNumber(std::string_view text);
 
 // A number with two decimals, as amounts, prices and quantities are written and rounded: at least
 // one digit before the decimal mark and two behind it, halves away from zero judged on the

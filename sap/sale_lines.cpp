@@ -31,13 +31,18 @@ SaleLines::SaleLines(const platform::recordset_file::PersistConnection& persistC
         platform::database::PlaceOfField(rowSet_->fields, "SalesID", rowSet_->source);
     for (std::size_t place = 0; place < rowSet_->rows.size(); ++place) {
         const Value& id = rowSet_->rows[place][salesId];
-        if (platform::IsNumeric(id)) placesBySale_[platform::ToDouble(id)].push_back(place);
+        if (platform::IsNumeric(id)) placesBySale_[KeyOf(id)].push_back(place);
     }
 }
 
+SaleLines::Key SaleLines::KeyOf(const Value& id) {
+    const std::optional<std::int64_t> whole = platform::WholeNumberOf(id);
+    return {whole, whole ? 0 : platform::ToDouble(id)};
+}
+
 std::unique_ptr<ClientRecordset> SaleLines::Open(LineKind kind, const Value& saleId) const {
-    const double id = platform::ToDouble(platform::database::QueryNumber(saleId, "Sales.ID"));
-    const auto found = placesBySale_.find(id);
+    const Value id = platform::database::QueryNumber(saleId, "Sales.ID");
+    const auto found = placesBySale_.find(KeyOf(id));
     std::vector<std::size_t> places;
     if (found != placesBySale_.end()) places = found->second;
     const std::vector<FilterTerm>& filter = filters_[static_cast<std::size_t>(kind)];

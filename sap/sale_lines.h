@@ -1,9 +1,12 @@
 // The lines of a data set in memory, by sale: read once, viewed many times through filters.
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/database/client_recordset.h"
@@ -26,7 +29,11 @@ class SaleLines {
 
   private:
     std::shared_ptr<platform::database::RowSet> rowSet_;
-    std::unordered_map<double, std::vector<std::size_t>> placesBySale_;
+    // By the whole number, or else by the floating-point one.
+    using Key = std::pair<std::optional<std::int64_t>, double>;
+    [[nodiscard]] static Key KeyOf(const platform::Value& id);
+
+    std::map<Key, std::vector<std::size_t>> placesBySale_;
     std::vector<std::vector<platform::database::FilterTerm>> filters_;  // by LineKind
 };
 

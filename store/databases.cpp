@@ -68,13 +68,17 @@ AfterOpening Try(Step&& step, platform::Operator& theOperator, const std::string
 
 }  // namespace
 
+std::string WorkDatabaseFile(const std::string& datapath) {
+    return datapath + kWorkFile;
+}
+
 void OpenConnections(platform::database::DatabaseEngine& engine, const std::string& datapath,
                      Databases& databases) {
     databases.PosWorkspace =
         std::make_unique<platform::database::Workspace>(engine, "Kassovia", "admin", "");
     databases.StoreDatabase = databases.PosWorkspace->OpenDatabase(datapath + kStoreFile);
     databases.StoreConnection = engine.OpenConnection(kProvider + datapath + kStoreFile);
-    databases.WorkConnection = engine.OpenConnection(kProvider + datapath + kWorkFile);
+    databases.WorkConnection = engine.OpenConnection(kProvider + WorkDatabaseFile(datapath));
 }
 
 AfterOpening OpenTables(Databases& databases, platform::Operator& theOperator,

@@ -31,6 +31,8 @@ struct Databases {
     Variable<platform::database::TableRecordset> TaxTable{"TaxTable"};
 };
 
+[[nodiscard]] std::string WorkDatabaseFile(const std::string& datapath);
+
 // Opens the store database (`datapath` + "\Kassovia.mdb") and the work database (`datapath` +
 // "\KVDayEndServer.mdb"). A database that is missing or can not be opened is an error.
 void OpenConnections(platform::database::DatabaseEngine& engine, const std::string& datapath,

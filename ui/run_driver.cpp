@@ -6,6 +6,7 @@
 #include "platform/error.h"
 #include "platform/norwegian.h"
 #include "platform/text.h"
+#include "ui/run_locks.h"
 
 namespace ui {
 
@@ -22,6 +23,7 @@ RunDriver::RunDriver(const app::AppSettings& appSettings, frmMain& window, RunSt
 
 void RunDriver::StartDayEnd() {
     if (!AnythingSelected()) return;
+    const RunLocks locks(appSettings_, !TransfersToSAP());
     for (ListEntry& entry : window_.ListDayEnd) {
         if (!entry.isSelected) continue;
         ProcessDataSet(entry.dataSet);
@@ -63,9 +65,13 @@ void RunDriver::ProcessDataSet(const store::DataSet& dataSet) {
     }
 }
 
+// kept: exact-sap. The setting as it stands decides: "sap" and " SAP" mean the file export.
+bool RunDriver::TransfersToSAP() const {
+    return appSettings_.AccountingSystem == "SAP";
+}
+
 void RunDriver::Transfer(const store::DataSet& dataSet) {
-    // kept: exact-sap. The setting as it stands decides: "sap" and " SAP" mean the file export.
-    if (appSettings_.AccountingSystem == "SAP") {
+    if (TransfersToSAP()) {
         transfers_.TransferDataSetToSAP(dataSet);
     } else {
         transfers_.ExportDataSet(dataSet);

@@ -19,7 +19,8 @@ class RunDriver {
               platform::ProcessStarter& processStarter);
 
     // Transfers each selected data set in list order, then starts the day-end command and rebuilds
-    // the list. Without a selection it does nothing at all. An error that escapes a transfer
+    // the list. Without a selection it does nothing at all; where another server holds what the run
+    // writes to, neither, but for error 70. An error that escapes a transfer
     // escapes here too: the remaining data sets are not processed.
     void StartDayEnd();
 
@@ -29,6 +30,7 @@ class RunDriver {
   private:
     [[nodiscard]] bool AnythingSelected() const;
     void ProcessDataSet(const store::DataSet& dataSet);
+    [[nodiscard]] bool TransfersToSAP() const;
     void Transfer(const store::DataSet& dataSet);
     void StartDayEndCommand();
     void RefreshWindow();

@@ -29,6 +29,10 @@ class TableAppender {
     // a date column dates. What it can not take is error 3421 with table and column.
     virtual void Set(int position, const Value& value) = 0;
 
+    // Whether the column keeps a number so that a query for it finds this row and those of no other
+    // number. What is no number counts as kept.
+    [[nodiscard]] virtual bool KeepsNumber(int position, const Value& value) const = 0;
+
     // Saves the new row; fields that were not set are null. A row that the table refuses is error
     // 3022 (key), 3314 (null) or 3421.
     virtual void Save() = 0;

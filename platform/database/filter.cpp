@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdint>
 #include <optional>
 
@@ -86,12 +85,11 @@ class FilterParser {
     }
 
     Value TakeNumber() {
-        const std::optional<double> number = ParseNumber(TakeWord());
+        const std::string_view word = TakeWord();
+        if (const std::optional<std::int64_t> whole = ParseWholeNumber(word)) return *whole;
+        const std::optional<double> number = ParseNumber(word);
         if (!number) Fail("number or text expected");
-        constexpr double kExact = 9007199254740992.0;  // whole numbers below are exact
-        if (std::trunc(*number) == *number && std::abs(*number) < kExact) {
-            return static_cast<std::int64_t>(*number);
-        }
+        if (const auto whole = Value(*number).Whole()) return *whole;
         return *number;
     }
 

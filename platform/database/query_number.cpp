@@ -1,6 +1,6 @@
 #include "platform/database/query_number.h"
 
-#include <cmath>
+#include <cstdint>
 #include <optional>
 
 #include "platform/error.h"
@@ -9,7 +9,7 @@
 namespace platform::database {
 
 Value QueryNumber(const Value& value, std::string_view field) {
-    if (value.AsWhole() != nullptr) return value;
+    if (const std::optional<std::int64_t> whole = WholeNumberOf(value)) return *whole;
     std::optional<double> number;
     if (IsNumeric(value)) number = ParseNumber(NumberText(ToDouble(value)));
     if (!number) {
@@ -17,10 +17,7 @@ Value QueryNumber(const Value& value, std::string_view field) {
                                                            ToText(value) + "\" in " +
                                                            std::string(field) + " is no number");
     }
-    constexpr double kExact = 9007199254740992.0;  // whole numbers below are exact
-    if (std::trunc(*number) == *number && std::abs(*number) < kExact) {
-        return static_cast<std::int64_t>(*number);
-    }
+    if (const std::optional<std::int64_t> whole = Value(*number).Whole()) return *whole;
     return *number;
 }
 

@@ -49,6 +49,11 @@ void SqliteAppender::Set(int position, const Value& value) {
                                              "Table " + table_->name + ", column " + column.name));
 }
 
+bool SqliteAppender::KeepsNumber(int position, const Value& value) const {
+    return database::KeepsNumber(value,
+                                 table_->columns.at(static_cast<std::size_t>(position)).type);
+}
+
 void SqliteAppender::Save() {
     const StatementUse ending(insert_);
     insert_.Step();

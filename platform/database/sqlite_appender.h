@@ -18,6 +18,7 @@ class SqliteAppender : public TableAppender {
     [[nodiscard]] int FieldCount() const override;
     [[nodiscard]] const std::string& FieldName(int position) const override;
     void Set(int position, const Value& value) override;
+    [[nodiscard]] bool KeepsNumber(int position, const Value& value) const override;
     void Save() override;
 
   private:

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <string>
 #include <utility>
 
 #include "platform/error.h"
@@ -36,6 +38,7 @@ std::optional<double> NumberFor(const Value& value) {
 }
 
 std::optional<Value> FittedWhole(const Value& value) {
+    if (const auto whole = WholeNumberOf(value)) return Value(*whole);
     const std::optional<double> number = NumberFor(value);
     constexpr double kEnd = 9223372036854775808.0;  // one past the largest whole number
     if (!number) return std::nullopt;
@@ -119,6 +122,17 @@ std::optional<Value> Fitted(const Value& value, FieldType type) {
         default:
             return std::nullopt;
     }
+}
+
+bool KeepsNumber(const Value& value, FieldType type) {
+    const std::optional<std::int64_t> number = WholeNumberOf(value);
+    if (!number) return !IsNumeric(value);
+    const std::optional<Value> fitted = Fitted(value, type);
+    if (!fitted) return true;  // which the column refuses anyway
+    if (const std::string* text = fitted->AsText()) return *text == std::to_string(*number);
+    // The engine keeps the floating-point number alone.
+    if (const double* floating = fitted->AsFloating()) return Value(*floating).Whole() == number;
+    return fitted->Whole() == number;
 }
 
 Value FittedOrError(const Value& value, FieldType type, std::string_view place) {

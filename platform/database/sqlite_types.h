@@ -21,6 +21,10 @@ enum class FieldType { Boolean, Date, Whole, Floating, Text, AsStored };
 // Null fits everywhere.
 [[nodiscard]] std::optional<Value> Fitted(const Value& value, FieldType type);
 
+// Whether a column of that type gives the number back to its last digit, so that a query for it
+// finds just this one: a fraction never does, what is no number always.
+[[nodiscard]] bool KeepsNumber(const Value& value, FieldType type);
+
 // What `place` ("Table Sales, column ID") could not take, as error 3421.
 [[nodiscard]] Value FittedOrError(const Value& value, FieldType type, std::string_view place);
 

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "platform/error.h"
+#include "platform/number_text.h"
 #include "platform/text.h"
 
 namespace platform::recordset_file {
@@ -110,7 +111,10 @@ void ReadFloating(std::string_view text, double bound, Value& value) {
     if (error != std::errc{} || std::fabs(number) > bound) {
         Refuse(text, "is out of the range of the column's type");
     }
-    value = Value(number);
+    constexpr double kExact = 9007199254740992.0;  // whole numbers below keep all digits
+    const bool loses = std::fabs(number) >= kExact;
+    const auto whole = loses ? ParseWholeNumber(text) : std::nullopt;
+    value = whole ? Value::FloatingOf(*whole) : Value(number);
 }
 
 // Writers spell it as a word, databases as -1 or 1.

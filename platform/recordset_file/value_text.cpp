@@ -60,7 +60,12 @@ std::optional<double> NumberOf(const Value& value) {
 Refusal AppendDouble(const Value& value, std::string& out) {
     const auto number = NumberOf(value);
     if (!number || !std::isfinite(*number)) return "is no number";
-    AppendNumber(*number, out);
+    const bool loses = value.Whole() && *value.Whole() != Value(*number).Whole();
+    if (loses) {
+        AppendNumber(*value.Whole(), out);
+    } else {
+        AppendNumber(*number, out);
+    }
     return {};
 }
 

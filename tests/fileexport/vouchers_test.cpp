@@ -21,6 +21,10 @@ class VoucherFile : public testing::Test {
   protected:
     void Open(const std::vector<Sale>& sales, const std::vector<Line>& lines) {
         shop.WriteDataSet("K", sales, lines);
+        OpenDataSet();
+    }
+
+    void OpenDataSet() {
         store::ImportDataSet(store::WaitingFiles(store::DataSet("K")),
                              *shop.databases.WorkConnection);
         ui::OpenPersistConnection(shop.runState);
@@ -159,6 +163,41 @@ TEST_F(VoucherFile, CustomersAccountsByReceipt) {
     shop.InStore("UPDATE Options SET CreditToOrder = 0");
     ExpectError(13, [&] { (void)Postings({{.customerID = "Hansen"}}, {{.transType = 13}}); });
     ExpectError(94, [&] { (void)Postings({{.customerID = Value()}}, {{.transType = 15}}); });
+}
+
+// Numbers that are one floating-point number, and one text of 15 digits.
+TEST_F(VoucherFile, ReceiptsWhoseNumbersDifferInTheLastOfManyDigits) {
+    const auto post = [&](const char* type, const char* first, const char* second) {
+        shop.WriteDataSet("K", {{.id = 1}, {.id = 2}},
+                          {{.saleId = 1, .transType = 13, .amount = -30.0},
+                           {.saleId = 2, .transType = 13, .amount = -40.0},
+                           {.saleId = 1, .amount = 30.0},
+                           {.saleId = 2, .amount = 40.0}});
+        shop.SpellReceiptNumbers("K", type, first, second);
+        OpenDataSet();
+        Post();
+        return ReadPostings();
+    };
+    const auto expected = [](const std::string& first, const std::string& second) {
+        return Texts{"11 Salg D0/0 K3000/3 70 ", "11 Kredittsalg D1001/0 K0/0 30 BONG" + first,
+                     "11 Kredittsalg D1001/0 K0/0 40 BONG" + second};
+    };
+    for (const char* type : {"i8", "string", "ui8"}) {
+        EXPECT_EQ(post(type, "9007199254740992", "9007199254740993"),
+                  expected("9007199254740992", "9007199254740993"))
+            << type;
+        EXPECT_EQ(post(type, "12345678901234567", "12345678901234568"),
+                  expected("12345678901234567", "12345678901234568"))
+            << type;
+    }
+    for (const char* type : {"r8", "r4", "number", "decimal", "numeric"}) {
+        EXPECT_EQ(post(type, "9007199254740993", "9007199254740992"),
+                  expected("9,00719925474099E+15", "9,00719925474099E+15"))
+            << type;
+        EXPECT_EQ(post(type, "1.2345678901234567E+16", "12345678901234568.00"),
+                  expected("1,23456789012346E+16", "1,23456789012346E+16"))
+            << type;
+    }
 }
 
 TEST_F(VoucherFile, CreditToOrderLeavesOrdersOutOfTheSales) {

@@ -127,7 +127,9 @@ void CheckLiterals(std::string_view text) {
     };
     Require(literalOf(SpellingOf(Value(text))) == Value(text), "a text is the literal it is");
     if (const std::optional<double> number = ParseNumber(text)) {
-        Require(Equals(literalOf(std::string(text)), *number), "a number is the literal it is");
+        const Value literal = literalOf(std::string(text));
+        Require(NumberOf(literal) == number, "a number is the literal it is");
+        Require(Equals(literal, Value(text)), "to its last digit");
     }
 }
 

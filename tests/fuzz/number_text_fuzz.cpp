@@ -128,6 +128,7 @@ void CheckNumber(double number) {
 void CheckWhole(std::int64_t whole) {
     Require(ParseNumber(ToText(whole)) == static_cast<double>(whole),
             "the text of a whole number gives it back");
+    Require(ParseWholeNumber(ToText(whole)) == whole, "to its last digit");
 }
 
 void CheckDateText(std::string_view text) {

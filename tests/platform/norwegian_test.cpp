@@ -57,6 +57,26 @@ TEST(Norwegian, NumberOfText) {
     EXPECT_EQ(ParseNumber("0," + zeros + "1"), 0.0);
 }
 
+TEST(Norwegian, WholeNumbersOfTextToTheLastDigit) {
+    const std::pair<const char*, std::int64_t> numbers[] = {
+        {"12345678901234567", 12345678901234567},
+        {" +9007199254740993 ", 9007199254740993},
+        {"-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
+        {"0000000000000000000009223372036854775807", std::numeric_limits<std::int64_t>::max()},
+        {"12345678901234567,000", 12345678901234567},
+        {"1.2345678901234567E+16", 12345678901234567},
+        {"1234567890123456700e-2", 12345678901234567},
+        {"0,000E9", 0},
+        {"00,00501e5", 501},
+    };
+    for (const auto& [text, number] : numbers)
+        EXPECT_EQ(ParseWholeNumber(text), number) << text;
+    for (const char* text : {"", "x", "501,5", "0.30000000000000004", "12345678901234567,1",
+                             "9223372036854775808", "1e19", "1e-1", "1e999999999999"}) {
+        EXPECT_EQ(ParseWholeNumber(text), std::nullopt) << text;
+    }
+}
+
 TEST(Norwegian, IntegersRoundHalvesToEvenAndKnowTheirRange) {
     const std::pair<Value, int> cases[] = {
         {0.5, 0},           {1.5, 2},   {2.5, 2},           {-1.5, -2},

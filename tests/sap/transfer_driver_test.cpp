@@ -130,6 +130,20 @@ TEST_F(Transfer, NoDayEndLeavesTheDocumentsOut) {
     ExpectError(91, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
 }
 
+// Documents are for numbers of 16 bits, but a receipt must not get the payments of another.
+TEST_F(Transfer, LongReceiptNumbersAreToldApart) {
+    shop.settings.NoDayEnd = "1";
+    for (const char* type : {"i8", "r8", "string"}) {
+        shop.WriteDataSet("K", {{.id = 1}}, {{.saleId = 1}, {.saleId = 2, .transType = 15}});
+        shop.SpellReceiptNumbers("K", type, "9007199254740992", "9007199254740993");
+        Send({Answer::No});
+        shop.WriteDataSet("K", {{.id = 1}}, {{.saleId = 2}, {.saleId = 1, .transType = 15}});
+        shop.SpellReceiptNumbers("K", type, "9007199254740992", "9007199254740993");
+        // The payment of a receipt without sales, whose number the payment takes with 32 bits.
+        ExpectError(6, [&] { shop.driver.TransferDataSetToSAP(store::DataSet("K")); });
+    }
+}
+
 TEST_F(Transfer, TwoDaysOneAfterTheOtherAndOrdersAmongThem) {
     shop.settings.SAPPassword = "";
     shop.WriteDataSet("K",

@@ -68,6 +68,20 @@ TEST_F(Import, ARefusedRowLeavesTheRowsBeforeIt) {
     EXPECT_EQ(shop.AskWork("SELECT ID FROM Sales"), "1 2") << "malformed outweighs refused";
 }
 
+// A day that is posted with them would give a receipt the lines of another.
+TEST_F(Import, ReceiptNumbersThatTheTableWouldRoundAreRefused) {
+    for (const char* type : {"DOUBLE", "TEXT"}) {
+        shop.InWork("DROP TABLE SalesLines");
+        shop.InWork("CREATE TABLE SalesLines (SalesID " + std::string(type) + ")");
+        shop.WriteDataSet("Kasse1", {}, {{.saleId = 1}, {.saleId = 2}});
+        shop.SpellReceiptNumbers("Kasse1", "r8", "501", "9007199254740993");
+        const std::string text = ExpectError(3421, [&] { ImportKasse1(); });
+        EXPECT_NE(text.find("record 2"), std::string::npos) << text;
+        EXPECT_NE(text.find("SalesID"), std::string::npos) << text;
+        EXPECT_EQ(shop.AskWork("SELECT SalesID FROM SalesLines"), "501");
+    }
+}
+
 TEST_F(Import, ATextInANumberColumnAndAMissingColumn) {
     shop.InWork("DROP TABLE Sales");
     shop.InWork(

@@ -37,6 +37,7 @@ TEST(Filter, ReadsLiterals) {
         {"A = -2", -2},
         {"A = 1.25", 1.25},
         {"A > 99999999", 99999999},
+        {"A = 12345678901234567", 12345678901234567},
     };
     for (const Case& test : cases) {
         const auto terms = ParseFilter(test.filter);

@@ -140,6 +140,29 @@ TEST_F(SqliteDatabaseTest, AppendsRowsOfTheColumnsTypes) {
     }
 }
 
+TEST_F(SqliteDatabaseTest, TellsWhichColumnsKeepANumberToItsLastDigit) {
+    Run({"CREATE TABLE T (N INTEGER, D DOUBLE, S TEXT)"});
+    const auto rows = database_->OpenAppender("T");
+    const Value floating = Value::FloatingOf(12345678901234567);
+    struct Case {
+        Value value;
+        const char* keeping;  // by column
+    };
+    for (const Case& test :
+         {Case{501, "yyy"}, Case{501.0, "yyy"}, Case{"501", "yyy"}, Case{" 501,0", "yyn"},
+          Case{12345678901234567, "yny"}, Case{floating, "ynn"}, Case{"12345678901234567", "yny"},
+          Case{0.5, "nnn"}, Case{"0,5", "nnn"}, Case{1e19, "nnn"}, Case{Value(), "yyy"},
+          Case{"x", "yyy"}}) {
+        for (int field = 0; field < 3; ++field) {
+            EXPECT_EQ(rows->KeepsNumber(field, test.value) ? 'y' : 'n', test.keeping[field])
+                << &test.keeping[field];
+        }
+    }
+    rows->Set(0, floating);
+    rows->Save();
+    EXPECT_EQ(database_->OpenQuery("SELECT N FROM T")->Get("N"), Value(12345678901234567));
+}
+
 TEST_F(SqliteDatabaseTest, TransactionsReachTheFileWholeOrNotAtAll) {
     Run({"CREATE TABLE T (A)"});
     const auto other = engine_.OpenDatabase(file_);

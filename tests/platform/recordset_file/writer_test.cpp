@@ -88,6 +88,7 @@ TEST_F(WriterTest, TheReaderGivesBackWhatWasWritten) {
         {"Text", ColumnType::Text, 60}};
     const std::vector<Row> rows = {
         {-32768, 2147483647, 0.1 + 0.2, -0.0001, true, DateTime{2006, 11, 16, 9, 5, 3}, ""},
+        {1, 1, Value::FloatingOf(12345678901234567), 1.0, true, DateTime{100, 1, 1}, "1"},
         {32767, -5, 1.7976931348623157e308, 1e14, false, DateTime{100, 1, 1},
          " <a> & \"b\" 'c'\t\r\n ærlig 日本 "},
         Row(7)};

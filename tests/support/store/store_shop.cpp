@@ -70,6 +70,27 @@ void StoreShop::WriteDataSet(std::string_view name, const std::vector<Sale>& sal
     linesFile.Finish();
 }
 
+void StoreShop::SpellReceiptNumbers(std::string_view name, std::string_view type,
+                                    std::string_view first, std::string_view second) const {
+    const auto replace = [](std::string& text, std::string_view from, const std::string& to) {
+        for (std::size_t at = text.find(from); at != text.npos; at = text.find(from, at))
+            text.replace(at, from.size(), to), at += to.size();
+    };
+    for (const char* file : {"DayEndSales.XML", "DayEndSalesLines.XML"}) {
+        const std::string fileName = std::string(name) + file;
+        std::string text = folder.Read(fileName);
+        // The number is the first column.
+        const std::size_t at = text.find("dt:type='int'");
+        text.replace(at, std::string_view("dt:type='int'").size(),
+                     "dt:type='" + std::string(type) + "'");
+        for (const std::string field : {"<z:row ID='", "<z:row SalesID='"}) {
+            replace(text, field + "1'", field + std::string(first) + "'");
+            replace(text, field + "2'", field + std::string(second) + "'");
+        }
+        folder.Write(fileName, text);
+    }
+}
+
 std::string StoreShop::AskStore(std::string_view sql) {
     return FirstColumn(*databases.StoreDatabase, sql);
 }

@@ -57,6 +57,11 @@ class StoreShop {
     void WriteDataSet(std::string_view name, const std::vector<Sale>& sales,
                       const std::vector<Line>& lines) const;
 
+    // Gives the receipts of a data set, 1 and 2 until then, other numbers in both files, of that
+    // dt:type: as writers do that we do not have.
+    void SpellReceiptNumbers(std::string_view name, std::string_view type, std::string_view first,
+                             std::string_view second) const;
+
     void InStore(std::string_view sql) { databases.StoreDatabase->Execute(sql); }
     void InWork(std::string_view sql) { databases.WorkConnection->Execute(sql); }
 
