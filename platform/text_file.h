@@ -28,8 +28,11 @@ class TextFile {
     // Appends lines that EncodeLine has made, as they are: for a block that is written often.
     void WriteEncoded(std::string_view lines);
 
-    // Writes what is collected: a full disk shows now rather than at Close.
+    // Writes what is collected.
     void Flush();
+
+    // Has all that was written so far put on disk: a full one shows now rather than at Close.
+    void Sync();
 
     // Has all of it put on disk and takes the file from the table. A second call does nothing.
     void Close();
