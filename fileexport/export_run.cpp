@@ -1,9 +1,13 @@
 #include "fileexport/export_run.h"
 
+#include <optional>
+#include <string>
+
 #include "fileexport/master_data.h"
 #include "fileexport/order_file.h"
 #include "fileexport/placing.h"
 #include "fileexport/vouchers.h"
+#include "platform/error.h"
 #include "platform/files.h"
 #include "store/import.h"
 
@@ -40,14 +44,14 @@ bool ExportRun::ExportDataSet(const store::DataSet& dataSet) {
     OpenSales(files);
     if (runState_.SalesRecordset->IsEof()) return false;  // kept: quiet-ends. Nobody is told.
 
-    OpenVoucherFile();
-    OpenOrderFile();
+    voucherFile_ = BeginVoucherFile();
+    orderFile_ = BeginOrderFile();
     WriteOrders(files);
     // From here on records lose their marks for good, so what can be known to fail fails before,
     // even for an operator who would say No at the end.
-    orderFile_->Flush();
+    orderFile_->Text().Sync();
     RequireRoomForPlacing(files);
-    WriteMasterData(*voucherFile_, *databases_.StoreDatabase, options_);
+    WriteMasterData(voucherFile_->Text(), *databases_.StoreDatabase, options_);
     WriteVouchers();
 
     if (ui::OperatorWantsRenaming(runState_, operator_, appSettings_.AppTitle)) {
@@ -67,55 +71,45 @@ void ExportRun::OpenSales(const store::WaitingFiles& files) {
 
 void ExportRun::WriteOrders(const store::WaitingFiles& files) {
     const auto lines = runState_.PersistConnection->OpenForwardOnly(files.SalesLinesFile());
-    WriteOrderFileBody(*orderFile_, recordCounter_,
+    WriteOrderFileBody(orderFile_->Text(), recordCounter_,
                        {*runState_.SalesRecordset, *lines, options_, databases_});
 }
 
 void ExportRun::WriteVouchers() {
-    Vouchers(*voucherFile_, recordCounter_,
+    Vouchers(voucherFile_->Text(), recordCounter_,
              {*databases_.WorkConnection, *runState_.SalesRecordset, options_, clock_,
               runState_.SalesLinesRecordset})
         .Write();
 }
 
-void ExportRun::OpenVoucherFile() {
-    const std::string& name = appSettings_.VoucherFileName;
-    if (platform::FileExists(name) && !OperatorWantsOverwriting()) {
-        textFiles_.Copy(name, WorkingCopy(name));
-        voucherFile_ = textFiles_.OpenForAppend(WorkingCopy(name));
-    } else {
-        voucherFile_ = textFiles_.OpenForOutput(WorkingCopy(name));
-    }
+std::unique_ptr<ImportFile> ExportRun::BeginVoucherFile() {
+    auto file = std::make_unique<ImportFile>(textFiles_, appSettings_.VoucherFileName);
+    file->Begin(file->IsThere() ? WhatBecomesOfOldVouchers() : OldFile::IsExtended);
+    return file;
 }
 
 // kept: orders-always-extended. Overwrite is the voucher file's alone.
-void ExportRun::OpenOrderFile() {
-    const std::string& name = appSettings_.EDIFileName;
-    if (platform::FileExists(name)) {
-        textFiles_.Copy(name, WorkingCopy(name));
-        orderFile_ = textFiles_.OpenForAppend(WorkingCopy(name));
-    } else {
-        orderFile_ = textFiles_.OpenForOutput(WorkingCopy(name));
-        orderFile_->WriteLine(kOrderFileStart);
-    }
+std::unique_ptr<ImportFile> ExportRun::BeginOrderFile() {
+    auto file = std::make_unique<ImportFile>(textFiles_, appSettings_.EDIFileName, kOrderFileStart);
+    file->Begin(OldFile::IsExtended);
+    return file;
 }
 
 // kept: boxes-without-a-title. The question at the end has one.
-bool ExportRun::OperatorWantsOverwriting() {
+OldFile ExportRun::WhatBecomesOfOldVouchers() {
     runState_.LastAnswer = Answer::Yes;
-    if (appSettings_.Overwrite != "1") {
-        runState_.LastAnswer = operator_.Ask(
-            {std::nullopt, "Filen med bunter og bilag finnes fra før. Skal den overskrives?",
-             platform::Icon::Question, Answer::No});
-    }
-    return runState_.LastAnswer == Answer::Yes;
+    if (appSettings_.Overwrite == "1") return OldFile::IsReplaced;
+    runState_.LastAnswer = operator_.Ask(
+        {std::nullopt, "Filen med bunter og bilag finnes fra før. Skal den overskrives?",
+         platform::Icon::Question, Answer::No});
+    return runState_.LastAnswer == Answer::Yes ? OldFile::IsReplacedAsItIsNow : OldFile::IsExtended;
 }
 
 // What can be known to fail later fails here, before the first file is placed: a day that is placed
 // in part keeps the server from starting until the reason is mended.
 void ExportRun::RequireRoomForPlacing(const store::WaitingFiles& files) const {
-    platform::RequirePlaceForFile(appSettings_.EDIFileName);
-    platform::RequirePlaceForFile(appSettings_.VoucherFileName);
+    orderFile_->RequirePlace();
+    voucherFile_->RequirePlace();
     const store::FinishedNames trial = files.TryFinishedNames(clock_);
     RequireRoomForNote();
     files.RequireUnchanged();
@@ -125,20 +119,48 @@ void ExportRun::Place(const store::DataSet& dataSet, const store::WaitingFiles& 
     RequireRoomForPlacing(files);
     CloseImportFiles();
     store::FinishedNames finishedNames(files, clock_);
+    FollowChanges();
     files.RequireUnchanged();
-    PlaceDay(dataSet, {appSettings_.EDIFileName, appSettings_.VoucherFileName}, finishedNames);
+    PlaceDay(dataSet, {orderFile_->Target(), voucherFile_->Target()}, finishedNames);
 }
 
 // Both working copies are complete on disk before the first of them takes its name, and each takes
 // it in one step: a full disk leaves both configured files as they were.
 void ExportRun::CloseImportFiles() {
-    orderFile_->Close();
-    CloseVoucherFile(*voucherFile_);
+    orderFile_->Text().Close();
+    CloseVoucherFile(voucherFile_->Text());
+    orderFile_->RequireWorkingCopy();
+    voucherFile_->RequireWorkingCopy();
+}
+
+// The accounting package takes its files while a question stands, and other programs add to them:
+// what it has must not come again, and what they wrote must not go.
+void ExportRun::FollowChanges() {
+    constexpr int kMostTimes = 5;
+    for (int i = 0; i < kMostTimes; ++i) {
+        const bool orders = FollowedChange(*orderFile_);
+        const bool vouchers = FollowedChange(*voucherFile_);
+        if (!orders && !vouchers) return;
+    }
+    throw platform::RuntimeError(platform::error_number::kPathAccess,
+                                 "Another program goes on changing " + orderFile_->Target() +
+                                     " or " + voucherFile_->Target() + ". The day is not placed");
+}
+
+bool ExportRun::FollowedChange(ImportFile& file) {
+    const std::optional<ImportFile::Since> change = file.FollowChange();
+    if (!change) return false;
+    statusLog_.AppendStatusLine(
+        "Filen " + file.Target() +
+        (*change == ImportFile::Since::Gone
+             ? " er borte siden dagen ble lest. Dagen legges i en ny fil."
+             : " er endret siden dagen ble lest. Dagen legges til det som står der nå."));
+    return true;
 }
 
 void ExportRun::DiscardVoucherFile() {
-    CloseVoucherFile(*voucherFile_);
-    platform::DeleteFile(WorkingCopy(appSettings_.VoucherFileName));
+    CloseVoucherFile(voucherFile_->Text());
+    platform::DeleteFile(WorkingCopy(voucherFile_->Target()));
 }
 
 }  // namespace fileexport

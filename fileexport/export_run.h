@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "app/app_settings.h"
+#include "fileexport/import_file.h"
 #include "fileexport/record_writer.h"
 #include "platform/clock.h"
 #include "platform/operator.h"
@@ -31,12 +32,14 @@ class ExportRun {
     void OpenSales(const store::WaitingFiles& files);
     void WriteOrders(const store::WaitingFiles& files);
     void WriteVouchers();
-    void OpenVoucherFile();
-    void OpenOrderFile();
-    [[nodiscard]] bool OperatorWantsOverwriting();
+    [[nodiscard]] std::unique_ptr<ImportFile> BeginVoucherFile();
+    [[nodiscard]] std::unique_ptr<ImportFile> BeginOrderFile();
+    [[nodiscard]] OldFile WhatBecomesOfOldVouchers();
     void RequireRoomForPlacing(const store::WaitingFiles& files) const;
     void Place(const store::DataSet& dataSet, const store::WaitingFiles& files);
     void CloseImportFiles();
+    void FollowChanges();
+    [[nodiscard]] bool FollowedChange(ImportFile& file);
     void DiscardVoucherFile();
 
     const app::AppSettings& appSettings_;
@@ -48,8 +51,8 @@ class ExportRun {
     const platform::Clock& clock_;
     platform::TextFiles& textFiles_;
 
-    std::unique_ptr<platform::TextFile> voucherFile_;
-    std::unique_ptr<platform::TextFile> orderFile_;  // stays open after a No: see ExportDataSet
+    std::unique_ptr<ImportFile> voucherFile_;
+    std::unique_ptr<ImportFile> orderFile_;  // stays open after a No: see ExportDataSet
     RecordCounter recordCounter_ = 0;
 };
 

@@ -1,7 +1,9 @@
 #include "fileexport/master_data.h"
 
+#include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "platform/comparison.h"
 #include "platform/database/batch.h"
@@ -15,6 +17,7 @@ namespace {
 
 using platform::TextFile;
 using platform::Value;
+using platform::database::ClientRecordset;
 using platform::database::Database;
 using platform::database::Record;
 
@@ -68,10 +71,9 @@ Value GrossSwitch(const store::Options& options) {
     return platform::Equals(options.GrossPrices(), 0) ? "0" : "1";
 }
 
-void WriteSection(const Section& section, TextFile& voucherFile, Database& storeDatabase,
+void WriteSection(const Section& section, TextFile& voucherFile, ClientRecordset& rows,
                   const store::Options& options) {
-    const auto rows = storeDatabase.OpenQuery(section.query, {store::master_status::kNothingToDo});
-    if (rows->IsEof()) return;
+    if (rows.IsEof()) return;
 
     if (section.firstLine == FirstLine::EmptyLine) voucherFile.WriteLine("");
     voucherFile.WriteLine(section.fieldList);
@@ -79,21 +81,35 @@ void WriteSection(const Section& section, TextFile& voucherFile, Database& store
 
     const Value lastValue =
         section.lastValue == LastValue::GrossSwitch ? GrossSwitch(options) : Value();
-    platform::database::Batch batch(storeDatabase);
-    for (; !rows->IsEof(); rows->MoveNext()) {
-        voucherFile.WriteLine(RecordLine(*rows, section, lastValue));
-        store::ResetStatus(*rows);  // kept: marks-stay-reset. Also after a No at the end.
-    }
-    batch.Commit();
+    for (; !rows.IsEof(); rows.MoveNext())
+        voucherFile.WriteLine(RecordLine(rows, section, lastValue));
+}
+
+void ResetMarks(ClientRecordset& rows) {
+    if (rows.RecordCount() == 0) return;
+    for (rows.MoveFirst(); !rows.IsEof(); rows.MoveNext())
+        store::ResetStatus(rows);
 }
 
 }  // namespace
 
+// kept: marks-stay-reset. Also after a No at the end.
 void WriteMasterData(TextFile& voucherFile, Database& storeDatabase,
                      const store::Options& options) {
+    // Nobody changes a row between its reading and its mark: such a change would go unsent.
+    platform::database::Batch batch(storeDatabase);
     options.Refresh();
-    for (const Section& section : kSections)
-        WriteSection(section, voucherFile, storeDatabase, options);
+    std::vector<std::unique_ptr<ClientRecordset>> written;
+    for (const Section& section : kSections) {
+        written.push_back(
+            storeDatabase.OpenQuery(section.query, {store::master_status::kNothingToDo}));
+        WriteSection(section, voucherFile, *written.back(), options);
+    }
+    // No mark goes whose record a full disk or a power failure could still take.
+    voucherFile.Sync();
+    for (const auto& rows : written)
+        ResetMarks(*rows);
+    batch.Commit();
 }
 
 }  // namespace fileexport

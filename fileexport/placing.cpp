@@ -4,6 +4,7 @@
 #include <iterator>
 #include <sstream>
 
+#include "fileexport/import_file.h"
 #include "platform/error.h"
 #include "platform/files.h"
 
@@ -22,9 +23,10 @@ constexpr std::size_t kMostOfNote = 8192;  // bytes: names of files and some num
 struct Note {
     store::DataSet dataSet{""};
     ImportFiles importFiles;
-    FileStamp orders;       // of the working copies, which keep their stamps when they are placed
-    FileStamp vouchers;     // likewise
-    FileStamp oldVouchers;  // of the voucher file that is replaced
+    FileStamp orders;     // of the working copies, which keep their stamps when they are placed
+    FileStamp vouchers;   // likewise
+    FileStamp oldOrders;  // of the files that are replaced; older servers did not note this one
+    FileStamp oldVouchers;
     std::array<FileStamp, 2> dataSetFiles;  // sales, sales lines
     bool isPlaced = false;                  // both import files
 };
@@ -43,27 +45,54 @@ bool IsThere(const std::string& name, const FileStamp& stamp) {
     return StampOf(name) == stamp;
 }
 
+FileStamp StampOfWorkingCopy(const std::string& name) {
+    if (const auto stamp = StampOf(WorkingCopy(name))) return *stamp;
+    throw platform::RuntimeError(platform::error_number::kFileNotFound,
+                                 "There is no file " + WorkingCopy(name));
+}
+
 Note NoteOf(const store::DataSet& dataSet, const ImportFiles& importFiles) {
     Note note;
     note.dataSet = dataSet;
     note.importFiles = importFiles;
-    note.orders = StampNow(WorkingCopy(importFiles.orders));
-    note.vouchers = StampNow(WorkingCopy(importFiles.vouchers));
+    note.orders = StampOfWorkingCopy(importFiles.orders);
+    note.vouchers = StampOfWorkingCopy(importFiles.vouchers);
+    note.oldOrders = StampNow(importFiles.orders);
     note.oldVouchers = StampNow(importFiles.vouchers);
     for (std::size_t i = 0; i < note.dataSetFiles.size(); ++i)
         note.dataSetFiles[i] = StampNow(DataSetFilesOf(note)[i]);
     return note;
 }
 
+std::string TextOf(const FileStamp& stamp) {
+    std::ostringstream text;
+    text << stamp.number << ' ' << stamp.size << ' ' << stamp.modified;
+    return text.str();
+}
+
 // Names and stamps, a line each, then the data set's name, which may hold anything.
 void Write(const Note& note) {
     std::ostringstream text;
     text << note.importFiles.orders << '\n' << note.importFiles.vouchers << '\n';
+    text << TextOf(note.orders) << ' ' << TextOf(note.oldOrders) << '\n';
     for (const FileStamp& stamp :
-         {note.orders, note.vouchers, note.oldVouchers, note.dataSetFiles[0], note.dataSetFiles[1]})
-        text << stamp.number << ' ' << stamp.size << ' ' << stamp.modified << '\n';
+         {note.vouchers, note.oldVouchers, note.dataSetFiles[0], note.dataSetFiles[1]})
+        text << TextOf(stamp) << '\n';
     text << note.isPlaced << '\n' << note.dataSet.Name();
     platform::WriteWholeFile(kNoteName, text.str());
+}
+
+bool ReadStamp(std::istream& text, FileStamp& stamp) {
+    return static_cast<bool>(text >> stamp.number >> stamp.size >> stamp.modified);
+}
+
+// Both stamps of the order file; the second is there since it is noted.
+bool ReadStampsOfOrders(std::istream& text, Note& note) {
+    std::string line;
+    std::getline(text, line);
+    std::istringstream stamps(line);
+    if (!ReadStamp(stamps, note.orders)) return false;
+    return (stamps >> std::ws).eof() || ReadStamp(stamps, note.oldOrders);
 }
 
 Note Read() {
@@ -71,11 +100,12 @@ Note Read() {
     Note note;
     std::getline(text, note.importFiles.orders);
     std::getline(text, note.importFiles.vouchers);
-    for (FileStamp* stamp : {&note.orders, &note.vouchers, &note.oldVouchers, &note.dataSetFiles[0],
-                             &note.dataSetFiles[1]})
-        text >> stamp->number >> stamp->size >> stamp->modified;
+    bool isNote = ReadStampsOfOrders(text, note);
+    for (FileStamp* stamp :
+         {&note.vouchers, &note.oldVouchers, &note.dataSetFiles[0], &note.dataSetFiles[1]})
+        isNote = isNote && ReadStamp(text, *stamp);
     text >> note.isPlaced;
-    if (text.get() != '\n') {
+    if (!isNote || text.get() != '\n') {
         throw platform::RuntimeError(platform::error_number::kInvalidFileFormat,
                                      std::string(kNoteName) + " is no note of an interrupted day");
     }
@@ -119,6 +149,15 @@ void MarkDataSet(const Note& note, const platform::Clock& clock) {
     }
 }
 
+// The order file comes first: it still waits for its place, or did not exist (a server before this
+// one noted such a day), or the file in its place is still the one that it was to replace.
+bool NothingIsPlaced(const Note& note) {
+    if (note.isPlaced) return false;
+    const std::string& name = note.importFiles.orders;
+    return IsThere(WorkingCopy(name), note.orders) || note.orders == kNoFile ||
+           (note.oldOrders != kNoFile && IsThere(name, note.oldOrders));
+}
+
 // Both import files are in their place: from here on the accounting package may take them.
 void NoteAsPlaced(Note& note) {
     note.isPlaced = true;
@@ -136,10 +175,6 @@ void PlaceRest(Note& note, const platform::Clock& clock) {
 
 }  // namespace
 
-std::string WorkingCopy(const std::string& fileName) {
-    return fileName + ".tmp";
-}
-
 void PlaceDay(const store::DataSet& dataSet, const ImportFiles& importFiles,
               store::FinishedNames& finishedNames) {
     Note note = NoteOf(dataSet, importFiles);
@@ -153,15 +188,16 @@ void PlaceDay(const store::DataSet& dataSet, const ImportFiles& importFiles,
 
 void RequireRoomForNote() {
     const std::string trial = std::string(kNoteName) + "~";
-    platform::WriteWholeFile(trial, std::string(kMostOfNote, ' '));
+    // Twice, as the note itself: the second stands beside the first before it takes its place.
+    for (int i = 0; i < 2; ++i)
+        platform::WriteWholeFile(trial, std::string(kMostOfNote, ' '));
     platform::DeleteFile(trial);
 }
 
 std::optional<store::DataSet> FinishInterruptedDay(const platform::Clock& clock) {
     if (!platform::FileExists(kNoteName)) return std::nullopt;
     Note note = Read();
-    const bool nothingIsPlaced =
-        !note.isPlaced && IsThere(WorkingCopy(note.importFiles.orders), note.orders);
+    const bool nothingIsPlaced = NothingIsPlaced(note);
     if (!nothingIsPlaced) {
         platform::AtPlace(std::string(kNoteName) + ", data set " + note.dataSet.DisplayName(),
                           [&] { PlaceRest(note, clock); });

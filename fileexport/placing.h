@@ -12,18 +12,15 @@
 
 namespace fileexport {
 
-// The import files by their configured names.
+// The names that the import files take: none of them a link's.
 struct ImportFiles {
     std::string orders;
     std::string vouchers;
 };
 
-// The name that an import file has while it is made.
-[[nodiscard]] std::string WorkingCopy(const std::string& fileName);
-
 // Places a day whose import files are complete as working copies: the order file first, then the
-// voucher file; then the data-set files keep their finished names alone. After an error the note
-// stays.
+// voucher file; then the data-set files keep their finished names alone. A working copy that is
+// gone is error 53 before anything is noted. After any other error the note stays.
 void PlaceDay(const store::DataSet& dataSet, const ImportFiles& importFiles,
               store::FinishedNames& finishedNames);
 

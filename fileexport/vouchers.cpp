@@ -32,6 +32,7 @@ void Vouchers::Write() {
     WritePaymentPostings();
     WriteReceiptPostings();
     sources_.SalesLinesRecordset.Release();
+    voucherFile_.Sync();  // a number that no voucher has would be missed in the books
     sources_.options.AdvanceNextVoucherNo();  // kept: number-always-advances. For no record too.
 }
 

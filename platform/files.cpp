@@ -108,13 +108,6 @@ RuntimeError ErrorOfMoving(int errnoValue, const fs::path& source, const fs::pat
     return ErrorOfCreating(errnoValue, "move " + source.string() + " to", target);
 }
 
-fs::path BehindLink(const fs::path& path) {
-    std::error_code failure;
-    if (!fs::is_symlink(path, failure)) return path;
-    fs::path target = fs::weakly_canonical(path, failure);
-    return failure ? path : target;
-}
-
 // A file system without hard links, or somebody else's file, of which the system makes none.
 bool MeansNoSecondNames(int errnoValue) {
     return errnoValue == EPERM || errnoValue == EOPNOTSUPP || errnoValue == EMLINK;
@@ -142,11 +135,6 @@ void CopyBeside(const fs::path& source, const fs::path& target) {
     if (failure != 0) throw ErrorOfMoving(failure, source, target);
 }
 
-void MoveAcrossFileSystems(const fs::path& source, const fs::path& target) {
-    CopyBeside(source, target);
-    if (::unlink(source.c_str()) != 0) throw ErrorFromErrno(errno, "delete", source.string());
-}
-
 }  // namespace
 
 fs::path ResolvePath(std::string_view name) {
@@ -162,6 +150,17 @@ fs::path ResolvePath(std::string_view name) {
     // Kept, so that "file/" does not become the file.
     if (text.ends_with('/')) resolved /= "";
     return resolved;
+}
+
+fs::path BehindLink(fs::path path) {
+    constexpr int kMostLinks = 40;  // what the system itself follows
+    std::error_code failure;
+    for (int link = 0; link < kMostLinks && fs::is_symlink(path, failure); ++link) {
+        const fs::path target = fs::read_symlink(path, failure);
+        if (failure) return path;
+        path = path.parent_path() / target;  // the target alone where that is absolute
+    }
+    return path;
 }
 
 bool FileExists(std::string_view name) {
@@ -240,10 +239,7 @@ void MoveFile(std::string_view from, std::string_view to) {
     }
     RequireFileOrNothing(to);
     TakeOwnerAndModeOf(target, source);
-    if (::rename(source.c_str(), target.c_str()) != 0) {
-        if (errno != EXDEV) throw ErrorOfMoving(errno, source, target);
-        MoveAcrossFileSystems(source, target);
-    }
+    if (::rename(source.c_str(), target.c_str()) != 0) throw ErrorOfMoving(errno, source, target);
     int failure = SyncFolderOf(target);
     if (failure == 0 && FolderOf(source) != FolderOf(target)) failure = SyncFolderOf(source);
     if (failure != 0) throw ErrorOfMoving(failure, source, target);

@@ -19,6 +19,10 @@ namespace platform {
 // Parts that do not exist stay as given, without blanks at their end. The result may name nothing.
 [[nodiscard]] std::filesystem::path ResolvePath(std::string_view name);
 
+// What a link means, also where there is nothing yet; any other path itself. Only the last part of
+// a path is looked at: folders may be links.
+[[nodiscard]] std::filesystem::path BehindLink(std::filesystem::path path);
+
 [[nodiscard]] bool FileExists(std::string_view name);  // a regular file
 
 // Whether `name` matches one of the patterns (`*` any run, `?` one character, several separated by
@@ -51,8 +55,7 @@ struct FileStamp {
 
 // Gives the file `from` the name `to` in one step; an existing file of that name is replaced, and
 // its owner and mode are taken over; a link of that name stays and the file behind it is replaced.
-// What is there and no regular file is error 75.
-// Where the two lie on different file systems: copied beside the target, synced, then put in place.
+// What is there and no regular file is error 75. Both lie on one file system.
 void MoveFile(std::string_view from, std::string_view to);
 
 // Gives a file of that name, where there is one, a second name: `name` + ".1", or the first number

@@ -124,6 +124,13 @@ void TextFile::Flush() {
     }
 }
 
+void TextFile::Sync() {
+    RequireOpen();
+    int failure = WriteCollected();
+    if (failure == 0) failure = SyncContent(descriptor_);
+    if (failure != 0) throw ErrorFromErrno(failure, "write", path_.string());
+}
+
 int TextFile::WriteCollected() {
     std::string_view rest = buffer_;
     const int failure = Write(rest);

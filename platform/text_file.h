@@ -29,8 +29,8 @@ class TextFile {
     // Appends lines that EncodeLine has made, as they are: for a block that is written often.
     void WriteEncoded(std::string_view lines);
 
-    // Writes what is collected: a full disk shows now rather than at Close.
-    void Flush();
+    // Has all that was written so far put on disk: a full one shows now rather than at Close.
+    void Sync();
 
     // Has all of it put on disk and takes the file from the table. A second call does nothing.
     void Close();
@@ -41,6 +41,7 @@ class TextFile {
     friend class TextFiles;
     TextFile(TextFiles& table, std::filesystem::path path, int descriptor);
     void RequireOpen() const;
+    void Flush();  // writes what is collected
     int WriteCollected();               // an errno value, 0 for none
     int Write(std::string_view& rest);  // likewise; takes what is written off its front
     int Leave();                        // closes and leaves the table; likewise

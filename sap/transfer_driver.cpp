@@ -26,13 +26,14 @@ namespace master_status = store::master_status;
 constexpr const char* kCustomers = "SELECT * FROM Customers WHERE Status = ?";
 constexpr const char* kProducts = "SELECT * FROM Products WHERE Status = ?";
 
-// Resets the Status of the rows that `send` has brought into SAP.
+// Marks the rows that `send` has brought into SAP. The store may change a row meanwhile: a message
+// box can stand for hours.
 template <class Send>
 void SendRows(platform::database::Database& storeDatabase, const char* query, int status,
               Send&& send) {
     const auto rows = storeDatabase.OpenQuery(query, {status});
     for (; !rows->IsEof(); rows->MoveNext()) {
-        if (send(*rows)) store::ResetStatus(*rows);
+        if (send(*rows)) store::MarkAsSent(storeDatabase, *rows);
     }
 }
 

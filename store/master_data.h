@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/database/client_recordset.h"
+#include "platform/database/database.h"
 #include "platform/value.h"
 
 namespace store {
@@ -45,5 +46,10 @@ class Product {
 
 // The current row has nothing to transfer any more; saved at once.
 void ResetStatus(platform::database::ClientRecordset& rows);
+
+// The current row has been sent as it was read, which may be a while ago. What the store has
+// changed since then still waits: as a change, also of a row that was new.
+void MarkAsSent(platform::database::Database& storeDatabase,
+                platform::database::ClientRecordset& rows);
 
 }  // namespace store

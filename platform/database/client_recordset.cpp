@@ -85,6 +85,17 @@ void ClientRecordset::Update() {
     change_.reset();
 }
 
+SinceRead ClientRecordset::Refresh() {
+    const std::size_t place = CurrentPlace();
+    change_.reset();
+    if (!saver_) return SinceRead::Unchanged;
+    std::optional<Row> stored = saver_->Stored(place);
+    if (!stored) return SinceRead::Gone;
+    if (*stored == rowSet_->rows[place]) return SinceRead::Unchanged;
+    rowSet_->rows[place] = std::move(*stored);
+    return SinceRead::Changed;
+}
+
 void ClientRecordset::Close() {
     if (!rowSet_) ThrowClosed(source_);
     change_.reset();

@@ -21,7 +21,12 @@ class RowSaver {
 
     // `position` is the row's place in the RowSet, `fields` the places of the fields that were set.
     virtual void Save(std::size_t position, const Row& row, const std::vector<int>& fields) = 0;
+
+    // The row as it is where it came from; nothing where it is gone.
+    [[nodiscard]] virtual std::optional<Row> Stored(std::size_t position) const = 0;
 };
+
+enum class SinceRead { Unchanged, Changed, Gone };
 
 class ClientRecordset : public Recordset {
   public:
@@ -45,6 +50,10 @@ class ClientRecordset : public Recordset {
     void Edit();
     void Set(std::string_view field, Value value);
     void Update();
+
+    // Reads the current row anew from where it came and tells what others have made of it since it
+    // was read. One that is gone stays as it was here.
+    [[nodiscard]] SinceRead Refresh();
 
   private:
     // A change of the current row that is not saved yet.

@@ -1,5 +1,6 @@
 #include "platform/database/sqlite_query.h"
 
+#include <optional>
 #include <utility>
 
 #include "platform/database/sql_text.h"
@@ -35,6 +36,10 @@ class TableRowSaver : public RowSaver {
         UpdateRow(*connection_, *table_, rowKeys_[position], changes);
     }
 
+    [[nodiscard]] std::optional<Row> Stored(std::size_t position) const override {
+        return ReadRow(*connection_, *table_, rowKeys_[position], fields_);
+    }
+
   private:
     std::shared_ptr<SqliteConnection> connection_;
     std::shared_ptr<const TableInfo> table_;
@@ -44,7 +49,11 @@ class TableRowSaver : public RowSaver {
 
 class ReadOnlySaver : public RowSaver {
   public:
-    void Save(std::size_t, const Row&, const std::vector<int>&) override {
+    void Save(std::size_t, const Row&, const std::vector<int>&) override { Refuse(); }
+    [[nodiscard]] std::optional<Row> Stored(std::size_t) const override { Refuse(); }
+
+  private:
+    [[noreturn]] static void Refuse() {
         throw RuntimeError(error_number::kReadOnly,
                            "The records of this query can not be changed: it is no plain selection "
                            "from one table.");

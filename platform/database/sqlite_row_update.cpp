@@ -7,6 +7,21 @@
 namespace platform::database {
 namespace {
 
+// " WHERE ..." with a parameter for each column of the row key.
+std::string WhereItIs(const TableInfo& table) {
+    std::string sql;
+    for (const std::string& column : table.rowKey)
+        sql.append(sql.empty() ? " WHERE " : " AND ").append(QuotedName(column)).append(" = ?");
+    return sql;
+}
+
+std::string ReadSql(const TableInfo& table, const std::vector<TableColumn>& columns) {
+    std::string sql;
+    for (const TableColumn& column : columns)
+        sql.append(sql.empty() ? "SELECT " : ", ").append(QuotedName(column.name));
+    return sql + " FROM " + QuotedName(table.name) + WhereItIs(table);
+}
+
 std::string UpdateSql(const TableInfo& table, const FieldChanges& changes) {
     std::string sql = "UPDATE " + QuotedName(table.name) + " SET ";
     const char* separator = "";
@@ -14,12 +29,7 @@ std::string UpdateSql(const TableInfo& table, const FieldChanges& changes) {
         sql.append(separator).append(QuotedName(field)).append(" = ?");
         separator = ", ";
     }
-    separator = " WHERE ";
-    for (const std::string& column : table.rowKey) {
-        sql.append(separator).append(QuotedName(column)).append(" = ?");
-        separator = " AND ";
-    }
-    return sql;
+    return sql + WhereItIs(table);
 }
 
 void FollowKey(const TableInfo& table, RowKey& key, const FieldChanges& changes) {
@@ -49,6 +59,18 @@ void UpdateRow(SqliteConnection& connection, const TableInfo& table, RowKey& key
                            "The record is no longer in the table '" + table.name + "'.");
     }
     FollowKey(table, key, changes);
+}
+
+std::optional<Row> ReadRow(SqliteConnection& connection, const TableInfo& table, const RowKey& key,
+                           const std::vector<TableColumn>& columns) {
+    StatementUse read(connection.Kept(ReadSql(table, columns)));
+    read->BindAll(key);
+    if (!read->Step()) return std::nullopt;
+    Row row;
+    row.reserve(columns.size());
+    for (const TableColumn& column : columns)
+        row.push_back(read->Column(static_cast<int>(row.size()), column.type));
+    return row;
 }
 
 }  // namespace platform::database

@@ -1,10 +1,13 @@
-// Saving a changed row in its table. Internal to this folder.
+// A row of a table, found again by its key: saved with changes, or read anew. Internal to this
+// folder.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/database/recordset.h"
 #include "platform/database/sqlite_connection.h"
 
 namespace platform::database {
@@ -20,5 +23,10 @@ using FieldChanges = std::vector<FieldChange>;
 // A row that is no longer there is error 3021.
 void UpdateRow(SqliteConnection& connection, const TableInfo& table, RowKey& key,
                const FieldChanges& changes);
+
+// These columns of the row there, as they are stored now; nothing where it is gone.
+[[nodiscard]] std::optional<Row> ReadRow(SqliteConnection& connection, const TableInfo& table,
+                                         const RowKey& key,
+                                         const std::vector<TableColumn>& columns);
 
 }  // namespace platform::database

@@ -1,7 +1,11 @@
 #include "fileexport/export_run.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <filesystem>
+#include <functional>
+#include <iterator>
 #include <map>
 #include <sstream>
 #include <utility>
@@ -212,4 +216,141 @@ TEST_F(Export, ADayThatChangesAtTheQuestionIsNotPlaced) {
     EXPECT_FALSE(shop.folder.Has("ordre.edi"));
     EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
     EXPECT_FALSE(shop.folder.Has("KVDayEndServer.placing"));
+}
+
+// What others do with the import files while the question at the end stands, and the answers.
+class ImportFilesChange : public Export {
+  protected:
+    void RunWith(std::initializer_list<Answer> answers, const std::function<void()>& meanwhile) {
+        shop.theOperator.whileAsked = [=, this] {
+            if (shop.theOperator.asked.size() == answers.size()) meanwhile();
+        };
+        RunExport("K", answers);
+    }
+
+    [[nodiscard]] std::string Told() const {
+        std::string told;
+        for (const std::string& line : shop.window.List) {
+            EXPECT_EQ(line.find("Filen "), 0U);
+            const bool isGone = line.find(" er borte siden dagen ble lest") != std::string::npos;
+            told += line.substr(6, line.find(' ', 6) - 6) + (isGone ? " gone " : " changed ");
+        }
+        return told;
+    }
+};
+
+TEST_F(ImportFilesChange, WhatTheAccountingPackageTookDoesNotComeAgain) {
+    shop.folder.Write("ordre.edi", "7;6;\r\ngammel\r\n");
+    shop.folder.Write("bilag.txt", "gammel\r\n");
+    RunWith({kNo, kYes}, [] {
+        std::filesystem::remove("ordre.edi");
+        std::filesystem::remove("bilag.txt");
+    });
+    EXPECT_EQ(Count("ordre.edi"), "71 H1 L1 ");
+    EXPECT_EQ(shop.Text("ordre.edi").find("7;6;\nH"), 0U);
+    EXPECT_EQ(Count("bilag.txt"), "\"2 @2 ");
+    EXPECT_EQ(Told(), "ordre.edi gone bilag.txt gone ");
+    EXPECT_FALSE(shop.folder.Has("ordre.edi.tmp"));
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML.200511161433.ferdig"));
+}
+
+TEST_F(ImportFilesChange, WhatOthersWroteStays) {
+    shop.folder.Write("ordre.edi", "gammel\r\n");
+    shop.folder.Write("bilag.txt", "gammel\r\n");
+    RunWith({kNo, kYes}, [this] {
+        shop.folder.Write("ordre.edi", "tirsdag\r\n");
+        shop.folder.Write("bilag.txt", "gammel\r\ntirsdag\r\n");
+    });
+    EXPECT_EQ(Count("ordre.edi"), "H1 L1 t1 ");
+    EXPECT_EQ(Count("bilag.txt"), "\"2 @2 g1 t1 ");
+    EXPECT_EQ(Told(), "ordre.edi changed bilag.txt changed ");
+}
+
+TEST_F(ImportFilesChange, FilesThatComeMeanwhileAreExtended) {
+    shop.settings.Overwrite = "1";
+    RunWith({kYes}, [this] {
+        shop.folder.Write("ordre.edi", "7;6;\r\ntirsdag\r\n");
+        shop.folder.Write("bilag.txt", "tirsdag\r\n");
+    });
+    EXPECT_EQ(Count("ordre.edi"), "71 H1 L1 t1 ");
+    EXPECT_EQ(Count("bilag.txt"), "\"2 @2 t1 ");
+    EXPECT_EQ(Told(), "ordre.edi changed bilag.txt changed ");
+}
+
+TEST_F(ImportFilesChange, VouchersThatWereToBeReplacedAreReplacedAsFarAsThatWasAgreed) {
+    const auto after = [this](std::initializer_list<Answer> answers, const char* meanwhile) {
+        shop.theOperator.asked.clear();
+        shop.window.List.clear();
+        shop.WriteDataSet("K", {{}}, {{}});
+        shop.folder.Write("bilag.txt", "gammel\r\n");
+        RunWith(answers, [=, this] {
+            std::filesystem::remove("bilag.txt");
+            if (*meanwhile) shop.folder.Write("bilag.txt", meanwhile);
+        });
+        return Count("bilag.txt") + Told();
+    };
+    EXPECT_EQ(after({kYes, kYes}, ""), "\"2 @2 ");
+    EXPECT_EQ(after({kYes, kYes}, "tirsdag\r\n"), "\"2 @2 t1 bilag.txt changed ");
+    shop.settings.Overwrite = "1";
+    EXPECT_EQ(after({kYes}, ""), "\"2 @2 ");
+    EXPECT_EQ(after({kYes}, "tirsdag\r\n"), "\"2 @2 ");
+}
+
+TEST_F(Export, AWorkingCopyThatIsGoneAtTheAnswerIsToldBeforeAnythingIsNoted) {
+    shop.folder.Write("ordre.edi", "gammel\r\n");
+    for (const char* copy : {"ordre.edi.tmp", "bilag.txt.tmp"}) {
+        for (const bool anotherIsThere : {false, true}) {
+            fileexport::ExportRun run(shop.settings, shop.databases, shop.runState, shop.window,
+                                      shop.theOperator, shop.clock, shop.textFiles);
+            shop.theOperator.whileAsked = [&] {
+                std::filesystem::rename(copy, "borte");
+                if (anotherIsThere) shop.folder.Write(copy, "annen");
+            };
+            shop.theOperator.answers = {kYes};
+            const std::string text =
+                ExpectError(53, [&] { run.ExportDataSet(store::DataSet("K")); });
+            EXPECT_NE(text.find(copy), std::string::npos) << text;
+            EXPECT_FALSE(shop.folder.Has("KVDayEndServer.placing"));
+            EXPECT_EQ(shop.folder.Read("ordre.edi"), "gammel\r\n");
+            EXPECT_FALSE(shop.folder.Has("bilag.txt"));
+            EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+        }
+    }
+}
+
+// Where there is a second file system, the link leads there.
+TEST_F(ImportFilesChange, ALinkStaysAndTheFileThatItMeansIsMadeOrExtendedInItsOwnFolder) {
+    namespace fs = std::filesystem;
+    const bool isShared = ::access("/dev/shm", W_OK) == 0;
+    const fs::path other = (isShared ? fs::path("/dev/shm") : shop.folder.Path()) /
+                           (shop.folder.Path().filename().string() + "-import");
+    fs::create_directory(other);
+    fs::create_symlink(other / "ordre.edi", "ordre.edi");
+    fs::create_symlink(other / "bilag.txt", "bilag.txt");
+    const auto expectCopiesThere = [&] {
+        EXPECT_TRUE(fs::exists(other / "ordre.edi.tmp"));
+        EXPECT_FALSE(shop.folder.Has("ordre.edi.tmp"));
+    };
+    RunWith({kYes}, expectCopiesThere);
+    shop.WriteDataSet("K", {{}}, {{}});
+    shop.theOperator.asked.clear();
+    RunWith({kNo, kYes}, expectCopiesThere);
+    EXPECT_TRUE(fs::is_symlink("ordre.edi"));
+    EXPECT_TRUE(fs::is_symlink("bilag.txt"));
+    EXPECT_EQ(Count("ordre.edi"), "71 H2 L2 ");
+    EXPECT_EQ(Count("bilag.txt"), "\"4 @4 ");
+    EXPECT_EQ(std::distance(fs::directory_iterator(other), fs::directory_iterator()), 2);
+
+    shop.WriteDataSet("K", {{}}, {{}});
+    shop.theOperator.asked.clear();
+    shop.theOperator.whileAsked = [&] {
+        if (shop.theOperator.asked.size() < 2) return;
+        fs::remove("ordre.edi");
+        fs::create_symlink("annen.edi", "ordre.edi");
+    };
+    shop.theOperator.answers = {kNo, kYes};
+    const std::string text = ExpectError(75, [&] { exportRun.ExportDataSet(store::DataSet("K")); });
+    EXPECT_EQ(text.find("ordre.edi leads to another file"), 0U) << text;
+    EXPECT_EQ(Count("bilag.txt"), "\"4 @4 ");
+    fs::remove_all(other);
 }

@@ -1,6 +1,10 @@
 #include "fileexport/master_data.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <chrono>
+#include <csignal>
 
 #include "tests/support/platform/expect_error.h"
 #include "tests/support/ui/test_shop.h"
@@ -16,6 +20,23 @@ std::string Written(TestShop& shop) {
     file->Close();
     return shop.Text("bilag.txt");
 }
+
+// Of that many bytes at most: a full disk.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        ::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    rlimit before_{};
+};
 
 constexpr const char* kProductFields = "@Prod (=ProdNo, EANItmNo, Descr, ProdPrGr, ProdPrG2)";
 constexpr const char* kPriceFields = "@PrDcMat (=ProdNo, SalePr, CstPr, Gross)";
@@ -75,4 +96,35 @@ TEST(MasterData, RowsWrittenBeforeAFailureStayMarked) {
         "BEGIN SELECT RAISE(ABORT, 'sperret'); END");
     support::ExpectError(3421, [&] { (void)Written(shop); });
     EXPECT_EQ(shop.AskStore("SELECT Status FROM Products"), "0 1 1");
+}
+
+TEST(MasterData, NoMarkGoesBeforeAllRecordsAreWritten) {
+    TestShop shop;
+    const std::string description(5000, 'x');
+    shop.InStore("INSERT INTO Customers (ID, Status) VALUES ('1', 1)");
+    shop.InStore("INSERT INTO Products (ID, Description, Status) VALUES ('P1', '', 1), ('P2', '" +
+                 description + "', 2)");
+    {
+        const FullDisk full(4000);
+        support::ExpectError(61, [&] { (void)Written(shop); });
+    }
+    EXPECT_EQ(shop.AskStore("SELECT Status FROM Customers"), "1");
+    EXPECT_EQ(shop.AskStore("SELECT Status FROM Products"), "1 2");
+    EXPECT_NE(Written(shop).find(description), std::string::npos);
+    EXPECT_EQ(shop.AskStore("SELECT Status FROM Products"), "0 0");
+}
+
+// Else the change could come between a row's reading and its mark, and would never be written.
+TEST(MasterData, WhileTheStoreChangesItsDataNoRowIsRead) {
+    TestShop shop;
+    shop.InStore("INSERT INTO Products (ID, Status) VALUES ('P1', 1)");
+    platform::database::SqliteEngine impatient{std::chrono::milliseconds(0)};
+    const auto store = impatient.OpenDatabase("data/Kassovia.mdb");
+    const auto change = shop.databases.StoreDatabase->BeginTransaction();
+    const auto file = shop.textFiles.OpenForOutput("bilag.txt");
+    support::ExpectError(3045, [&] {
+        fileexport::WriteMasterData(*file, *store, store::Options(shop.databases.OptionsTable));
+    });
+    file->Close();
+    EXPECT_EQ(shop.Text("bilag.txt"), "");
 }

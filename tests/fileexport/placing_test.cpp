@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/files.h"
 #include "tests/support/platform/expect_error.h"
 #include "tests/support/ui/test_shop.h"
 
@@ -90,6 +91,62 @@ TEST_F(Placing, ADayOfWhichNothingIsPlacedStillWaits) {
     EXPECT_EQ(shop.folder.Read("bilag.txt"), "old");
     EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
     EXPECT_FALSE(shop.folder.Has(kNote));
+}
+
+// The working copy of the orders is gone, so only the note and the order file can tell.
+class PlacingOrdersGone : public Placing {
+  protected:
+    static std::string Stamp(const std::string& name) {
+        const platform::FileStamp stamp = platform::StampOf(name).value();
+        return std::to_string(stamp.number) + " " + std::to_string(stamp.size) + " " +
+               std::to_string(stamp.modified);
+    }
+
+    void WriteNote(const std::string& stampsOfOrders) const {
+        std::string note = "ordre.edi\nbilag.txt\n" + stampsOfOrders + "\n";
+        for (const char* name :
+             {"bilag.txt.tmp", "bilag.txt", "KDayEndSales.XML", "KDayEndSalesLines.XML"})
+            note += Stamp(name) + "\n";
+        shop.folder.Write(kNote, note + "0\nK");
+    }
+
+    void ExpectStillWaiting() {
+        EXPECT_EQ(FinishInterruptedDay(shop.clock), std::nullopt);
+        EXPECT_FALSE(shop.folder.Has(kNote));
+        EXPECT_EQ(shop.folder.Read("ordre.edi"), "old");
+        EXPECT_EQ(shop.folder.Read("bilag.txt"), "old");
+        EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+    }
+};
+
+TEST_F(PlacingOrdersGone, TheFileThatTheyWereToReplaceTellsThatTheyAreNotPlaced) {
+    const std::string stamp = Stamp("ordre.edi.tmp");
+    std::filesystem::remove("ordre.edi.tmp");
+    WriteNote(stamp + " " + Stamp("ordre.edi"));
+    ExpectStillWaiting();
+    WriteNote(stamp + " " + Stamp("ordre.edi"));
+    shop.folder.Write("ordre.edi", "by another hand");
+    ExpectError(75, [&] { (void)FinishInterruptedDay(shop.clock); });
+    WriteNote(stamp);  // of an older server, which does not tell
+    ExpectError(75, [&] { (void)FinishInterruptedDay(shop.clock); });
+}
+
+TEST_F(PlacingOrdersGone, AnOlderNoteOfNoWorkingCopyTellsThatNothingIsPlaced) {
+    std::filesystem::remove("ordre.edi.tmp");
+    WriteNote("0 0 0");
+    ExpectStillWaiting();
+}
+
+TEST_F(Placing, AWorkingCopyThatIsGoneIsToldBeforeAnythingIsNoted) {
+    for (const char* name : {"bilag.txt.tmp", "ordre.edi.tmp"}) {
+        std::filesystem::remove(name);
+        const std::string text = ExpectError(53, [&] { Place(); });
+        EXPECT_NE(text.find(name), std::string::npos) << text;
+        EXPECT_FALSE(shop.folder.Has(kNote));
+        EXPECT_EQ(shop.folder.Read("ordre.edi"), "old");
+        EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+        EXPECT_FALSE(shop.folder.Has(kFinishedSales));
+    }
 }
 
 class PlacingInterrupted : public Placing, public testing::WithParamInterface<int> {};

@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/replace_beginning.h"
 #include "tests/support/platform/expect_error.h"
 #include "tests/support/platform/no_files.h"
 #include "tests/support/platform/temp_folder.h"
@@ -94,23 +95,34 @@ TEST(MoveFile, ReplacesTheTargetUnderItsOwnSpelling) {
     EXPECT_EQ(folder.Read("Til.xml"), "ny");
 }
 
-TEST(MoveFile, CopiesToAnotherFileSystem) {
+TEST(BehindLink, IsWhatALinkMeansAlsoWhereThereIsNothingYet) {
+    namespace fs = std::filesystem;
     const TempFolder folder;
-    const std::string target = "/dev/shm/" + folder.Path().filename().string() + ".xml";
-    struct stat here {};
-    struct stat there {};
-    if (::stat(folder.Path().c_str(), &here) != 0 || ::stat("/dev/shm", &there) != 0 ||
-        here.st_dev == there.st_dev || ::access("/dev/shm", W_OK) != 0) {
-        GTEST_SKIP() << "no second file system";
-    }
-    const std::string content(300'000, 'x');
-    folder.Write("a.xml", content);
-    MoveFile(folder.File("a.xml"), target);
-    EXPECT_FALSE(folder.Has("a.xml"));
-    MoveFile(target, folder.File("b.xml"));
-    EXPECT_EQ(folder.Read("b.xml"), content);
-    EXPECT_FALSE(std::filesystem::exists(target));
-    EXPECT_EQ(ListFiles(folder.Path().string(), "*"), Names{"b.xml"});
+    fs::create_directory(folder.Path() / "import");
+    fs::create_symlink("import/ut.txt", folder.Path() / "en.txt");
+    fs::create_symlink(folder.Path() / "en.txt", folder.Path() / "to.txt");
+    fs::create_symlink("rundt.txt", folder.Path() / "rundt.txt");
+    const fs::path target = folder.Path() / "import/ut.txt";
+    EXPECT_EQ(BehindLink(folder.File("to.txt")), target);
+    folder.Write("import/ut.txt", "");
+    EXPECT_EQ(BehindLink(folder.File("to.txt")), target);
+    EXPECT_EQ(BehindLink(target), target);
+    EXPECT_EQ(BehindLink("ingen.txt"), "ingen.txt");
+    EXPECT_EQ(BehindLink(folder.File("rundt.txt")), folder.File("rundt.txt"));
+}
+
+TEST(ReplaceBeginning, KeepsTheRestAndTellsWhereItBegins) {
+    const TempFolder folder;
+    const std::string large(300'000, 'x');
+    folder.Write("ut.tmp", "mandag|dag");
+    folder.Write("ut.txt", large);
+    EXPECT_EQ(ReplaceBeginning(folder.File("ut.tmp"), 7, "", folder.File("ut.txt")), large.size());
+    EXPECT_TRUE(folder.Read("ut.tmp") == large + "dag");
+    EXPECT_EQ(ReplaceBeginning(folder.File("ut.tmp"), large.size(), "7;6;", ""), 4U);
+    EXPECT_EQ(folder.Read("ut.tmp"), "7;6;dag");
+    ExpectError(53, [&] { ReplaceBeginning(folder.File("ut.tmp"), 4, "", folder.File("borte")); });
+    EXPECT_EQ(folder.Read("ut.tmp"), "7;6;dag");
+    EXPECT_EQ(ListFiles(folder.Path().string(), "*"), (Names{"ut.tmp", "ut.txt"}));
 }
 
 TEST(Files, TellWhatIsMissing) {

@@ -72,6 +72,19 @@ TEST_F(Transfer, NoRollsTheDocumentsBackButNotTheMasterData) {
     EXPECT_EQ(shop.theOperator.shown.at(0), "Fikk ikke opprettet kunde 1001 - Kjent fra før");
 }
 
+TEST_F(Transfer, WhatTheStoreChangesWhileABoxStandsStillWaits) {
+    shop.InStore(
+        "INSERT INTO Customers (ID, Name, Status) VALUES ('1001', 'Kjent fra før', 1), "
+        "('2001', 'Ny', 1), ('2002', 'Ny', 1)");
+    shop.theOperator.whileShown = [this] {
+        shop.InStore("UPDATE Customers SET Name = 'Nyere' WHERE ID = '2001'");
+    };
+    Send({kYes});
+    // Created under the old name, then changed in the same run.
+    EXPECT_EQ(shop.AskCompany("SELECT CardName FROM OCRD WHERE CardCode > '2'"), "Nyere|Ny|NULL|");
+    EXPECT_EQ(shop.AskStore("SELECT Status FROM Customers"), "1 0 0");
+}
+
 TEST_F(Transfer, OneFailedReceiptRollsTheWholeDayBackWithoutAQuestion) {
     shop.WriteDataSet("K", {{.id = 1}, {.id = 2, .customerID = "X"}, {.id = 3}},
                       {{.saleId = 3}, {.saleId = 2}, {.saleId = 1}});

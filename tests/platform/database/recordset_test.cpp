@@ -95,6 +95,7 @@ class RefusingSaver : public RowSaver {
     void Save(std::size_t, const Row&, const std::vector<int>&) override {
         throw RuntimeError(number::kDiskFull, "full");
     }
+    [[nodiscard]] std::optional<Row> Stored(std::size_t) const override { return std::nullopt; }
 };
 
 TEST(ClientRecordset, ARowThatIsNotSavedStaysAsItWas) {

@@ -197,5 +197,23 @@ TEST_F(SqliteQueryTest, FollowsARowWhoseKeyChanges) {
     }
 }
 
+TEST_F(SqliteQueryTest, TellsWhatOthersHaveMadeOfARowSinceItWasRead) {
+    Run({"CREATE TABLE T (ID TEXT PRIMARY KEY, Price CURRENCY, Day DATETIME)",
+         "INSERT INTO T VALUES ('a', 0.1, NULL), ('b', 2.5, '2011-02-03 04:05:06'), ('c', 3, 4)"});
+    const auto rows = database_->OpenQuery("SELECT * FROM T WHERE Price < 3");
+    EXPECT_EQ(rows->Refresh(), SinceRead::Unchanged);
+    Run({"UPDATE T SET Price = 7 WHERE ID = 'a'", "DELETE FROM T WHERE ID = 'c'"});
+    EXPECT_EQ(rows->Refresh(), SinceRead::Changed);
+    EXPECT_EQ(rows->Get("Price"), Value(7.0));
+    EXPECT_EQ(rows->Refresh(), SinceRead::Unchanged);
+    rows->MoveNext();
+    EXPECT_EQ(rows->Refresh(), SinceRead::Unchanged) << "a date is read as it was";
+    Run({"DELETE FROM T WHERE ID = 'b'"});
+    EXPECT_EQ(rows->Refresh(), SinceRead::Gone);
+    EXPECT_EQ(rows->Get("Price"), Value(2.5));
+    rows->MoveNext();
+    ExpectError(number::kNoCurrentRecord, [&] { (void)rows->Refresh(); });
+}
+
 }  // namespace
 }  // namespace platform::database

@@ -22,6 +22,7 @@ class ScriptedOperator : public platform::Operator {
 
     void Show(const platform::Notice& notice) override {
         shown.push_back(notice.text);
+        if (whileShown) whileShown();
         const bool hasTitle = notice.title.has_value();
         boxes += notice.icon == platform::Icon::Exclamation   ? (hasTitle ? "!T " : "! ")
                  : notice.icon == platform::Icon::Information ? (hasTitle ? "iT " : "i ")
@@ -48,6 +49,7 @@ class ScriptedOperator : public platform::Operator {
     std::deque<platform::Answer> answers;
     std::deque<std::string> inputs;
     std::function<void()> whileAsked;  // what others do while a question stands
+    std::function<void()> whileShown;  // likewise a box
 
     std::vector<std::string> shown;
     std::string boxes;  // of each notice its icon, and T where it has a title of its own
