@@ -28,7 +28,8 @@ std::string WorkingCopy(const std::string& target) {
     return target + ".tmp";
 }
 
-ImportFile::ImportFile(platform::TextFiles& textFiles, std::string name, std::string firstLine)
+ImportFile::ImportFile(platform::TextFiles& textFiles, std::string name,
+                       const std::string& firstLine)
     : textFiles_(textFiles),
       name_(std::move(name)),
       target_(TargetOf(name_)),

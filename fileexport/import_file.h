@@ -27,7 +27,7 @@ class ImportFile {
   public:
     // The file of that configured name, or what a link of that name means, as it is now. A file
     // that begins anew begins with `firstLine`, unless that is empty.
-    ImportFile(platform::TextFiles& textFiles, std::string name, std::string firstLine = "");
+    ImportFile(platform::TextFiles& textFiles, std::string name, const std::string& firstLine = "");
 
     [[nodiscard]] bool IsThere() const { return old_.WasThere(); }
     [[nodiscard]] const std::string& Target() const { return target_; }

@@ -186,9 +186,10 @@ void PlaceDay(const store::DataSet& dataSet, const ImportFiles& importFiles,
     platform::DeleteFile(kNoteName);
 }
 
+// Written again, as the note is when both import files are in their place: the old one is still
+// there while the new one is made.
 void RequireRoomForNote() {
     const std::string trial = std::string(kNoteName) + "~";
-    // Twice, as the note itself: the second stands beside the first before it takes its place.
     for (int i = 0; i < 2; ++i)
         platform::WriteWholeFile(trial, std::string(kMostOfNote, ' '));
     platform::DeleteFile(trial);

@@ -15,8 +15,9 @@ namespace platform {
 namespace {
 
 Descriptor Opened(const std::filesystem::path& path) {
-    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file.IsOpen()) throw ErrorFromErrno(errno, "read", path.string());
+    Descriptor file;
+    if (const int failure = OpenRegularFile(path, O_RDONLY, file); failure != 0)
+        throw ErrorFromErrno(failure, "read", path.string());
     return file;
 }
 
