@@ -17,7 +17,7 @@ MOST_RUNS = 8
 class Findings:
     """Goes on after a broken promise, and tells all of them at the end."""
 
-    def __init__(self, most=40):
+    def __init__(self, most=200):
         self.tried = 0
         self.most = most
         self.broken = []
