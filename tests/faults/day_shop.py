@@ -7,7 +7,7 @@ import re
 
 import shop as faults
 import till
-from books import Books
+from books import HEAD_NUMBER, Books
 from shop import check
 
 NOTE = "KVDayEndServer.placing"
@@ -103,25 +103,39 @@ class DayShop:
         day = set(self.days[name])
         note.unlink()
         has_orders, has_vouchers = day <= set(self.books.heads()), day <= set(self.books.sold())
+        copy = self.shop.path(f"{faults.VOUCHERS}.tmp")  # the orders are placed first
+        if has_orders and not has_vouchers and not copy.exists():
+            has_orders = self.take_orders_out_again(where, day)
         if not has_orders and not has_vouchers:
             return
-        for is_there, import_file in ((has_orders, faults.ORDERS), (has_vouchers, faults.VOUCHERS)):
-            if not is_there:
-                self.add_by_hand(where, import_file)
+        check(has_orders, f"{where}: the vouchers are placed without the orders")
+        if not has_vouchers:
+            self.add_vouchers(copy)
         for file in till.names_of(name):
             if self.shop.path(file).exists():
                 os.rename(self.shop.path(file), self.shop.path(f"{file}.av-hand.ferdig"))
 
-    def add_by_hand(self, where, import_file):
-        copy, place = self.shop.path(f"{import_file}.tmp"), self.shop.path(import_file)
-        check(copy.exists(), f"{where}: half of the day is placed, the rest is in no working copy")
-        given = [content for name, content in self.books.taken if name == import_file]
-        given += [place.read_bytes()] if place.exists() else []
-        content = copy.read_bytes()
-        known = max((each for each in given if content.startswith(each)), key=len, default=b"")
+    def add_vouchers(self, copy):
+        """The day's part of the working copy: what stands behind the lines that accounting knows."""
+        place = self.shop.path(faults.VOUCHERS)
+        known = [content for name, content in self.books.taken if name == faults.VOUCHERS]
+        known += [place.read_bytes()] if place.exists() else []
+        content = copy.read_bytes().splitlines(keepends=True)
+        begin = max((len(os.path.commonprefix([content, each.splitlines(keepends=True)]))
+                     for each in known), default=0)
         with open(place, "ab") as file:
-            file.write(content[len(known):])
+            file.write(b"".join(content[begin:]))
         copy.unlink()
+
+    def take_orders_out_again(self, where, day):
+        """Nobody has imported them yet, and the day can be posted as a whole. Gives that it is in no
+        order file then."""
+        place = self.shop.path(faults.ORDERS)
+        check(place.exists(), f"{where}: accounting has half of the day, and the rest is gone")
+        blocks = re.split(rb"(?m)^(?=H;)", place.read_bytes())
+        place.write_bytes(b"".join(block for block in blocks if not block.startswith(b"H;") or
+                                   int(block.split(b";")[HEAD_NUMBER]) not in day))
+        return False
 
     def check_done(self, where):
         self.books.check_posted_once(where, self.receipts)
