@@ -74,10 +74,11 @@ class DayShop:
                 if file.name.startswith(name + ".") and ".ferdig" in file.name]
 
     def left_over(self):
-        """What only an unfinished day has: its note, working copies, files and names on trial."""
+        """What only an unfinished day has: its note, working copies, files and names on trial. What
+        was to become one of those may stay until the next of that name is made."""
         return sorted(file.name for folder in (self.shop.folder, self.shop.path("import"))
                       for file in folder.iterdir()
-                      if file.name == NOTE or re.search(r"\.tmp|\.new$|~$", file.name))
+                      if file.name == NOTE or re.search(r"\.tmp$|~$", file.name))
 
     def run_until_done(self, where, run=None):
         """Runs until nothing waits. A run ends well, or leaves to a person what can not be told."""
