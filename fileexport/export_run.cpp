@@ -46,6 +46,7 @@ bool ExportRun::ExportDataSet(const store::DataSet& dataSet) {
 
     voucherFile_ = BeginVoucherFile();
     orderFile_ = BeginOrderFile();
+    files.RequireUnchanged();
     WriteOrders(files);
     // From here on records lose their marks for good, so what can be known to fail fails before,
     // even for an operator who would say No at the end.
@@ -108,16 +109,17 @@ OldFile ExportRun::WhatBecomesOfOldVouchers() {
 // What can be known to fail later fails here, before the first file is placed: a day that is placed
 // in part keeps the server from starting until the reason is mended.
 void ExportRun::RequireRoomForPlacing(const store::WaitingFiles& files) const {
+    files.RequireUnchanged();
     orderFile_->RequirePlace();
     voucherFile_->RequirePlace();
     const store::FinishedNames trial = files.TryFinishedNames(clock_);
     RequireRoomForNote();
-    files.RequireUnchanged();
 }
 
 void ExportRun::Place(const store::DataSet& dataSet, const store::WaitingFiles& files) {
     RequireRoomForPlacing(files);
     CloseImportFiles();
+    files.GiveUpFinishedNames();
     store::FinishedNames finishedNames(files, clock_);
     FollowChanges();
     files.RequireUnchanged();

@@ -105,8 +105,9 @@ bool TransferDriver::FinishedAsPosted(const store::DataSet& dataSet,
                                       const store::WaitingFiles& files) {
     if (!DocumentsAreWanted()) return false;
     const platform::sapdi::Company& company = *context_.objects.SAPCompany;
-    if (!company.KeepsMarks() || !company.HasMark(files.Mark())) return false;
+    if (!company.KeepsMarks()) return false;
     files.RequireUnchanged();
+    if (!company.HasMark(files.Mark())) return false;
     files.Finish(clock_);
     statusLog_.AppendStatusLine("Datasett " + dataSet.DisplayName() +
                                 " er ført i SAP fra før, og filene har nå fått ferdige navn.");
@@ -149,6 +150,7 @@ void TransferDriver::TransferMasterData() {
 }
 
 void TransferDriver::TransferSales(const store::WaitingFiles& files) {
+    files.RequireUnchanged();
     const SaleLines saleLines(*runState_.PersistConnection, files.SalesLinesFile());
     context_.Options.Refresh();
     ClientRecordset& sales = *runState_.SalesRecordset;
@@ -192,7 +194,8 @@ void TransferDriver::Complete(const store::WaitingFiles& files) {
 // A day that is committed but waits on would be posted again: its files have their finished names
 // before the commit, beside the waiting ones, and its mark goes with it.
 void TransferDriver::Commit(const store::WaitingFiles& files) {
-    (void)files.TryFinishedNames(clock_);
+    files.RequireUnchanged();
+    files.GiveUpFinishedNames();
     store::FinishedNames finishedNames(files, clock_);
     files.RequireUnchanged();
     if (DocumentsAreWanted()) {

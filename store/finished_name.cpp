@@ -32,6 +32,11 @@ std::vector<fs::path> SecondNamesOf(const platform::HeldFile& file, const std::s
     return names;
 }
 
+bool IsTaken(const std::string& name) {
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(name, ignored));
+}
+
 }  // namespace
 
 // kept: stamp-without-minutes. Year, month, day, hour and seconds: the shop's other tools parse it.
@@ -45,10 +50,8 @@ std::string FinishedName(std::string_view fileName, const platform::DateTime& mo
 SecondName::SecondName(const platform::HeldFile& file, std::string name)
     : file_(file), name_(std::move(name)) {
     // In another spelling it is another file.
-    if (std::error_code ignored; fs::exists(fs::symlink_status(name_, ignored))) {
-        platform::KeepAside(name_);
-        platform::DeleteFile(name_);
-    }
+    if (IsTaken(name_)) platform::KeepAside(name_);
+    if (IsTaken(name_)) platform::DeleteFile(name_);
     platform::AddName(file_.Name(), name_);
 }
 

@@ -155,6 +155,23 @@ int rename(const char* from, const char* to) {
     return Hidden<int(const char*, const char*)>("rename")(from, to);
 }
 
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
+    if (Fails(Count("rename", to, Needs::Nothing))) return -1;
+    return Hidden<int(int, const char*, int, const char*, unsigned)>("renameat2")(
+        fromFolder, from, toFolder, to, flags);
+}
+
+int link(const char* from, const char* to) {
+    if (Fails(Count("link", to, Needs::Room))) return -1;
+    return Hidden<int(const char*, const char*)>("link")(from, to);
+}
+
+int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) {
+    if (Fails(Count("link", to, Needs::Room))) return -1;
+    return Hidden<int(int, const char*, int, const char*, int)>("linkat")(fromFolder, from,
+                                                                          toFolder, to, flags);
+}
+
 int unlink(const char* path) {
     if (Fails(Count("unlink", path, Needs::Nothing))) return -1;
     return Hidden<int(const char*)>("unlink")(path);

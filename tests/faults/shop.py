@@ -26,9 +26,23 @@ def check(holds, text):
         raise SystemExit(f"FAILED: {text}")
 
 
+def folder_in_memory():
+    """A temporary folder where no call waits for a disk, on systems that have one."""
+    shared = "/dev/shm"
+    is_there = os.path.isdir(shared) and os.access(shared, os.W_OK | os.X_OK)
+    has_room = is_there and shutil.disk_usage(shared).free > 32 * 2 ** 20
+    return tempfile.TemporaryDirectory(dir=shared if has_room else None)
+
+
+def told(run):
+    """How a run ended, in a line: its status, what it said last, its error."""
+    return f"status {run.returncode}, " + " | ".join([*run.stdout.splitlines()[-3:],
+                                                      *filter(None, run.stderr.splitlines())])
+
+
 def check_error(run, where, number, *texts):
     """Ended with status 3 over a run-time error of that number which names the texts."""
-    check(run.returncode == 3, f"{where}: status {run.returncode}: {run.stdout}{run.stderr}")
+    check(run.returncode == 3, f"{where}: {told(run)}")
     match = re.match(rf"Run-time error '{number}':\n\n(.+)", run.stderr)
     check(match, f"{where}: {run.stderr}")
     for text in texts:
@@ -73,6 +87,10 @@ class Shop:
         with contextlib.closing(sqlite3.connect(self.path("Demo.company"))) as company:
             return [company.execute(f"SELECT count(*) FROM {table}").fetchone()[0]
                     for table in DOCUMENT_TABLES]
+
+    def next_voucher(self):
+        with contextlib.closing(sqlite3.connect(self.path("data/Kassovia.mdb"))) as store:
+            return store.execute("SELECT NextVoucherNo FROM Options").fetchone()[0]
 
     def check_databases(self, where):
         for file in self.databases():
@@ -139,7 +157,7 @@ class Injector:
     def environment(self, fault):
         # The sanitizers want to come first, which a preloaded library does.
         options = os.environ.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0"
-        return {"LD_PRELOAD": self.library, "ASAN_OPTIONS": options, **fault}
+        return {"LD_PRELOAD": str(self.library), "ASAN_OPTIONS": options, **fault}
 
     def calls(self, shop):
         """The calls of a run that goes well, and the shop as it is then left."""
