@@ -15,6 +15,7 @@ class Conversation:
     """Answers each question; before the first answer in a state its happening takes place."""
 
     def __init__(self, shop, happenings, environment=None):
+        self.shop = shop
         self.happenings = dict(happenings)
         self.process = subprocess.Popen(
             [shop.server, "--folder", shop.folder, "--journal", shop.path("journal")],
@@ -46,5 +47,6 @@ class Conversation:
         errors = self.process.stderr.read().decode()
         self.process.stdout.close()
         self.process.stderr.close()
-        return subprocess.CompletedProcess(self.process.args, self.process.wait(),
+        self.shop.bad_ends += self.process.wait() != 0
+        return subprocess.CompletedProcess(self.process.args, self.process.returncode,
                                            self.heard.decode(), errors)

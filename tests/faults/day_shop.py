@@ -33,6 +33,8 @@ class Findings:
     def end(self):
         for text in self.broken[:self.most]:
             print(text)
+        if faults.lost_records:
+            print(f"{faults.lost_records} shops lost changed records over a run that ended badly")
         print(f"{faults.checks} checks; {len(self.broken)} of {self.tried} attempts broke a promise")
         raise SystemExit(1 if self.broken else 0)
 
