@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "fileexport/placed_files.h"
 #include "fileexport/placing.h"
 #include "platform/error.h"
 #include "platform/files.h"
@@ -47,6 +48,7 @@ void StartUp::FinishWhatWasPosted() {
         window_.AppendStatusLine("Datasett " + dataSet->DisplayName() +
                                  " ble avbrutt mens filene ble lagt på plass, og er nå ferdig.");
     }
+    fileexport::FinishFilesThatCameBack(surroundings_.clock, window_);
     if (appSettings_.AccountingSystem == "SAP") sapTransfer_.FinishPostedDays();
 }
 

@@ -5,6 +5,7 @@
 
 #include "fileexport/master_data.h"
 #include "fileexport/order_file.h"
+#include "fileexport/placed_files.h"
 #include "fileexport/placing.h"
 #include "fileexport/vouchers.h"
 #include "platform/error.h"
@@ -35,6 +36,7 @@ ExportRun::ExportRun(const app::AppSettings& appSettings, const store::Databases
       textFiles_(textFiles) {}
 
 bool ExportRun::ExportDataSet(const store::DataSet& dataSet) {
+    FinishFilesThatCameBack(clock_, statusLog_);
     if (!ui::DataSetFilesExist(dataSet, statusLog_)) return false;
     for (const auto* name : {&appSettings_.EDIFileName, &appSettings_.VoucherFileName})
         platform::RequireFileOrNothing(*name);

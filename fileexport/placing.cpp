@@ -3,10 +3,13 @@
 #include <array>
 #include <iterator>
 #include <sstream>
+#include <vector>
 
 #include "fileexport/import_file.h"
+#include "fileexport/placed_files.h"
 #include "platform/error.h"
 #include "platform/files.h"
+#include "platform/sha256.h"
 
 namespace fileexport {
 
@@ -28,6 +31,7 @@ struct Note {
     FileStamp oldOrders;  // of the files that are replaced; older servers did not note this one
     FileStamp oldVouchers;
     std::array<FileStamp, 2> dataSetFiles;  // sales, sales lines
+    std::array<std::string, 2> hashes;      // of these; empty in the notes of older servers
     bool isPlaced = false;                  // both import files
 };
 
@@ -35,6 +39,10 @@ struct Note {
 std::array<std::string, 2> DataSetFilesOf(const Note& note) {
     return {note.dataSet.FindSalesFile().value_or(""),
             note.dataSet.FindSalesLinesFile().value_or("")};
+}
+
+std::array<std::string, 2> UsualNamesOf(const Note& note) {
+    return {note.dataSet.SalesFile(), note.dataSet.SalesLinesFile()};
 }
 
 FileStamp StampNow(const std::string& name) {
@@ -59,8 +67,11 @@ Note NoteOf(const store::DataSet& dataSet, const ImportFiles& importFiles) {
     note.vouchers = StampOfWorkingCopy(importFiles.vouchers);
     note.oldOrders = StampNow(importFiles.orders);
     note.oldVouchers = StampNow(importFiles.vouchers);
-    for (std::size_t i = 0; i < note.dataSetFiles.size(); ++i)
-        note.dataSetFiles[i] = StampNow(DataSetFilesOf(note)[i]);
+    const std::array<std::string, 2> files = DataSetFilesOf(note);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        note.dataSetFiles[i] = StampNow(files[i]);
+        note.hashes[i] = platform::Sha256OfFiles({files[i]});
+    }
     return note;
 }
 
@@ -75,9 +86,9 @@ void Write(const Note& note) {
     std::ostringstream text;
     text << note.importFiles.orders << '\n' << note.importFiles.vouchers << '\n';
     text << TextOf(note.orders) << ' ' << TextOf(note.oldOrders) << '\n';
-    for (const FileStamp& stamp :
-         {note.vouchers, note.oldVouchers, note.dataSetFiles[0], note.dataSetFiles[1]})
-        text << TextOf(stamp) << '\n';
+    text << TextOf(note.vouchers) << '\n' << TextOf(note.oldVouchers) << '\n';
+    for (std::size_t i = 0; i < note.dataSetFiles.size(); ++i)
+        text << TextOf(note.dataSetFiles[i]) << ' ' << note.hashes[i] << '\n';
     text << note.isPlaced << '\n' << note.dataSet.Name();
     platform::WriteWholeFile(kNoteName, text.str());
 }
@@ -95,15 +106,25 @@ bool ReadStampsOfOrders(std::istream& text, Note& note) {
     return (stamps >> std::ws).eof() || ReadStamp(stamps, note.oldOrders);
 }
 
+// A data-set file's; its hash is there since it is noted.
+bool ReadDataSetFile(std::istream& text, FileStamp& stamp, std::string& hash) {
+    std::string line;
+    std::getline(text >> std::ws, line);
+    std::istringstream values(line);
+    if (!ReadStamp(values, stamp)) return false;
+    values >> hash;
+    return true;
+}
+
 Note Read() {
     std::istringstream text(platform::ReadWholeFile(kNoteName));
     Note note;
     std::getline(text, note.importFiles.orders);
     std::getline(text, note.importFiles.vouchers);
     bool isNote = ReadStampsOfOrders(text, note);
-    for (FileStamp* stamp :
-         {&note.vouchers, &note.oldVouchers, &note.dataSetFiles[0], &note.dataSetFiles[1]})
-        isNote = isNote && ReadStamp(text, *stamp);
+    isNote = isNote && ReadStamp(text, note.vouchers) && ReadStamp(text, note.oldVouchers);
+    for (std::size_t i = 0; i < note.dataSetFiles.size(); ++i)
+        isNote = isNote && ReadDataSetFile(text, note.dataSetFiles[i], note.hashes[i]);
     text >> note.isPlaced;
     if (!isNote || text.get() != '\n') {
         throw platform::RuntimeError(platform::error_number::kInvalidFileFormat,
@@ -139,14 +160,19 @@ void PlaceVouchers(const Note& note) {
     PlaceImportFile(name);
 }
 
+// A file that is not there may have its finished name, or somebody has taken it and brings it back.
 void MarkDataSet(const Note& note, const platform::Clock& clock) {
     const std::array<std::string, 2> files = DataSetFilesOf(note);
-    const std::array<std::string, 2> usual = {note.dataSet.SalesFile(),
-                                              note.dataSet.SalesLinesFile()};
+    const std::array<std::string, 2> usual = UsualNamesOf(note);
+    std::vector<PlacedFile> absent;
     for (std::size_t i = 0; i < files.size(); ++i) {
-        if (!IsThere(files[i], note.dataSetFiles[i])) continue;
-        store::Finish(platform::HeldFile(files[i]), usual[i], clock);
+        if (IsThere(files[i], note.dataSetFiles[i])) {
+            store::Finish(platform::HeldFile(files[i]), usual[i], clock);
+        } else if (!note.hashes[i].empty()) {
+            absent.push_back({usual[i], note.hashes[i]});
+        }
     }
+    Remember(absent);
 }
 
 // The order file comes first: it still waits for its place, or did not exist (a server before this

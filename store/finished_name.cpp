@@ -59,8 +59,7 @@ SecondName::~SecondName() {
     if (!isKept_) ::unlink(name_.c_str());
 }
 
-void SecondName::Keep() {
-    isKept_ = true;
+void SecondName::LeaveWaitingName() const {
     if (file_.IsUnchanged()) platform::DeleteFile(file_.Name());
 }
 
@@ -73,7 +72,9 @@ bool HasFinishedName(const platform::HeldFile& file, const std::string& usualNam
 void Finish(const platform::HeldFile& file, const std::string& usualName,
             const platform::Clock& clock) {
     if (HasFinishedName(file, usualName)) return platform::DeleteFile(file.Name());
-    SecondName(file, FinishedName(usualName, clock.Now())).Keep();
+    SecondName finished(file, FinishedName(usualName, clock.Now()));
+    finished.Keep();
+    finished.LeaveWaitingName();
 }
 
 void GiveUpFinishedNames(const platform::HeldFile& file, const std::string& usualName) {

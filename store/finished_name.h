@@ -22,8 +22,11 @@ class SecondName {
     SecondName(const SecondName&) = delete;
     SecondName& operator=(const SecondName&) = delete;
 
+    // Not given up any more.
+    void Keep() { isKept_ = true; }
+
     // The only name from now on, unless the waiting one means another file meanwhile, which stays.
-    void Keep();
+    void LeaveWaitingName() const;
 
   private:
     const platform::HeldFile& file_;

@@ -74,6 +74,8 @@ FinishedNames::FinishedNames(const WaitingFiles& files, const platform::Clock& c
 void FinishedNames::Keep() {
     sales_.Keep();
     salesLines_.Keep();
+    sales_.LeaveWaitingName();
+    salesLines_.LeaveWaitingName();
 }
 
 }  // namespace store

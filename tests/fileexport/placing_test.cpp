@@ -1,4 +1,5 @@
 #include "fileexport/placing.h"
+#include "fileexport/placed_files.h"
 
 #include <gtest/gtest.h>
 
@@ -173,6 +174,30 @@ TEST_P(PlacingInterrupted, LeavesTheFilesOfALaterDay) {
     EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
     EXPECT_EQ(shop.folder.Read("ordre.edi"), "new");
     EXPECT_EQ(shop.folder.Read("bilag.txt"), "new");
+}
+
+TEST_F(Placing, FilesThatWereGoneThenAreFinishedWhenTheyComeBack) {
+    EndBefore(Step::Vouchers);
+    std::filesystem::create_directory("till");
+    for (const char* name : {"KDayEndSales.XML", "KDayEndSalesLines.XML"})
+        std::filesystem::rename(name, std::string("till/") + name);
+    EXPECT_EQ(FinishInterruptedDay(shop.clock), store::DataSet("K"));
+    fileexport::FinishFilesThatCameBack(shop.clock, shop.window);
+    EXPECT_TRUE(shop.window.List.empty());
+
+    std::filesystem::copy("till/KDayEndSalesLines.XML", "KDayEndSalesLines.XML");
+    shop.folder.Write("KDayEndSales.XML", "of a later day");
+    fileexport::FinishFilesThatCameBack(shop.clock, shop.window);
+    EXPECT_EQ(shop.window.List,
+              std::vector<std::string>{"Filen KDayEndSalesLines.XML er overført fra før, og har nå "
+                                       "fått sitt ferdige navn."});
+    EXPECT_TRUE(shop.folder.Has(kFinishedLines));
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+
+    std::filesystem::rename("till/KDayEndSales.XML", "KDayEndSales.XML");
+    fileexport::FinishFilesThatCameBack(shop.clock, shop.window);
+    ExpectPlaced();
+    EXPECT_FALSE(shop.folder.Has("KVDayEndServer.placed"));
 }
 
 TEST_F(Placing, WhatTheAccountingPackageTookOfAPlacedDayStaysTaken) {
