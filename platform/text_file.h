@@ -41,7 +41,7 @@ class TextFile {
     friend class TextFiles;
     TextFile(TextFiles& table, std::filesystem::path path, int descriptor);
     void RequireOpen() const;
-    void Flush();  // writes what is collected
+    void Flush();                       // writes what is collected
     int WriteCollected();               // an errno value, 0 for none
     int Write(std::string_view& rest);  // likewise; takes what is written off its front
     int Leave();                        // closes and leaves the table; likewise
