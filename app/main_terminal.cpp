@@ -5,6 +5,7 @@
 #include <csignal>
 #include <iostream>
 
+#include "app/commands.h"
 #include "app/options.h"
 #include "app/server.h"
 #include "ui/terminal/terminal_face.h"
@@ -24,12 +25,20 @@ int PrintDataSets(const ui::frmMain& window) {
     return 0;
 }
 
+int RunCommand(const app::Options& options) {
+    ui::terminal::TerminalOperator terminal({std::cin, std::cerr, std::cerr},
+                                            ui::terminal::Attendance::Nobody);
+    return app::RunCommand(options, {std::cout, std::cerr}, terminal);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     const app::ParsedOptions parsed = app::ParseOptions(app::Program::Terminal, argc, argv);
     if (!parsed.options) return parsed.exitStatus;
     const app::Options& options = *parsed.options;
+
+    if (options.command != app::Command::Run) return RunCommand(options);
 
     // A reader of the output that goes away must not stop a day half way.
     std::signal(SIGPIPE, SIG_IGN);

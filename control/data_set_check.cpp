@@ -1,0 +1,68 @@
+#include "control/data_set_check.h"
+
+#include <optional>
+
+#include "control/day_file.h"
+#include "control/lines_check.h"
+#include "control/sales_check.h"
+
+namespace control {
+
+namespace {
+
+bool HasBothFiles(const store::DataSet& dataSet, Findings& findings) {
+    const bool hasSales = dataSet.FindSalesFile().has_value();
+    const bool hasLines = dataSet.FindSalesLinesFile().has_value();
+    if (!hasSales) findings.Add("K101", {.value = dataSet.SalesFile()});
+    if (!hasLines) findings.Add("K101", {.value = dataSet.SalesLinesFile()});
+    return hasSales && hasLines;
+}
+
+class DataSetCheck {
+  public:
+    DataSetCheck(const store::DataSet& dataSet, const Shop& shop, Findings& findings)
+        : shop_(shop),
+          findings_(findings),
+          salesFile_(shop, findings, *dataSet.FindSalesFile(), "Sales", "ID"),
+          linesFile_(shop, findings, *dataSet.FindSalesLinesFile(), "SalesLines", "SalesID") {
+        if (shop.UsesSap()) {
+            sap_.emplace(shop, findings);
+        } else if (shop.HasOptions()) {
+            sums_.emplace(shop, findings);
+        }
+    }
+
+    void Run() {
+        SalesCheck sales(shop_, findings_, sap_ ? &*sap_ : nullptr);
+        const bool hasSales = salesFile_.Walk([&](const auto& names) { sales.Begin(names); },
+                                              [&](const FileRow& row) { sales.Take(row); });
+        if (hasSales) sales.EndOfSales();
+        LinesCheck lines(shop_, findings_, sales, sap_ ? &*sap_ : nullptr,
+                         sums_ ? &*sums_ : nullptr);
+        // Without all sales nothing can be told of a line but whether it can be read.
+        const bool hasLines = linesFile_.Walk([&](const auto& names) { lines.Begin(names); },
+                                              [&](const FileRow& row) {
+                                                  if (hasSales) lines.Take(row);
+                                              });
+        if (!hasSales || !hasLines) return;
+        sales.EndOfLines();
+        if (sums_) sums_->Check();
+    }
+
+  private:
+    const Shop& shop_;
+    Findings& findings_;
+    DayFile salesFile_;
+    DayFile linesFile_;
+    std::optional<SapCheck> sap_;
+    std::optional<DaySums> sums_;
+};
+
+}  // namespace
+
+void CheckDataSet(const store::DataSet& dataSet, const Shop& shop, Findings& findings) {
+    findings.Begin(dataSet.DisplayName());
+    if (HasBothFiles(dataSet, findings)) DataSetCheck(dataSet, shop, findings).Run();
+}
+
+}  // namespace control
