@@ -32,23 +32,34 @@ constexpr const char* kFolderText =
     "The program folder: profile files and waiting data sets (default: the folder of the "
     "executable)";
 
+// Names are what no option takes: declared as an option, "[K1]" would be a list.
+void TakeNames(const CLI::App& command, Options& options) {
+    options.names = command.remaining();
+    for (const std::string& name : options.names) {
+        if (name.starts_with('-')) throw CLI::ExtrasError(command.get_name(), {name});
+    }
+}
+
 CLI::App& AddCommand(CLI::App& parser, const char* name, const char* text, Command command,
                      Options& options) {
     CLI::App& added = *parser.add_subcommand(name, text);
     added.add_option("--folder", options.folder, kFolderText)->type_name("DIR");
     added.add_flag("--json", options.json, "Print one JSON document instead of text");
-    added.callback([&options, command] { options.command = command; });
+    added.callback([&options, &added, command] {
+        options.command = command;
+        TakeNames(added, options);
+    });
     return added;
 }
 
 void AddCommands(CLI::App& parser, Options& options) {
     parser.require_subcommand(0, 1);
-    AddCommand(parser, "check", "Tell what would go wrong with the waiting data sets",
-               Command::Check, options)
-        .add_option("NAME", options.names, "Data sets; every waiting one without")
-        ->type_name("")
-        ->allow_extra_args(false);
-    AddCommand(parser, "explain", "Explain the code of a finding", Command::Explain, options)
+    AddCommand(
+        parser, "check",
+        "[NAME...]: tell what would go wrong with these data sets, or with every waiting one",
+        Command::Check, options)
+        .allow_extras();
+    AddCommand(parser, "explain", "CODE: explain the code of a finding", Command::Explain, options)
         .add_option("CODE", options.code, "The code, as K302")
         ->type_name("")
         ->required();

@@ -46,7 +46,8 @@ class DataSetCheck {
                                               });
         if (!hasSales || !hasLines) return;
         sales.EndOfLines();
-        if (sums_) sums_->Check();
+        const bool isImported = !salesFile_.HasRefusals() && !linesFile_.HasRefusals();
+        if (sums_ && isImported) sums_->Check();
     }
 
   private:

@@ -72,7 +72,7 @@ bool DayFile::IsRefused(const std::vector<Value>& row) {
             place.field = workTable_->FieldName(i);
             place.value = platform::ToText(value);
             findings_.Add("K105", place);
-            isRefused = true;
+            isRefused = hasRefusals_ = true;
         }
     }
     return isRefused;

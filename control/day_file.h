@@ -48,6 +48,9 @@ class DayFile {
     bool Walk(const std::function<void(const std::vector<std::string>& names)>& begin,
               const std::function<void(const FileRow& row)>& take);
 
+    // The import would stop at a row.
+    [[nodiscard]] bool HasRefusals() const { return hasRefusals_; }
+
   private:
     bool TakeColumns(const std::vector<std::string>& fields);
     [[nodiscard]] bool IsRefused(const std::vector<platform::Value>& row);
@@ -59,6 +62,7 @@ class DayFile {
     const char* saleColumn_;
     std::unique_ptr<platform::database::TableAppender> workTable_;  // null: not known
     std::vector<std::string> names_;
+    bool hasRefusals_ = false;
 };
 
 // The place of a column, or kNoColumn.

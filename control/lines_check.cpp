@@ -133,14 +133,16 @@ void LinesCheck::CheckTexts(const Line& line) {
 }
 
 void LinesCheck::CheckPosting(const Line& line) {
+    const bool isRounding = line.transType == trans_type::kRounding;
     const LineGroup group{
-        line.transType.value_or(-1), platform::Equals(At(line.row, columns_.product), "Avrunding"),
+        line.transType.value_or(-1),
+        isRounding && platform::Equals(At(line.row, columns_.product), "Avrunding"),
         WholeOf(At(line.row, columns_.account)), WholeOf(At(line.row, columns_.vatCode))};
     sums_->Add(line.sale, group, line.units);
     if (line.IsItem()) {
         if (sums_->Takes(store::sales_type::kReceipt, group)) return;
         Tell("K309", line, "SalesAccount", At(line.row, columns_.account));
-    } else if (line.transType == trans_type::kRounding) {
+    } else if (isRounding) {
         if (line.units == 0 || sums_->Takes(line.sale.type, group)) return;
         Tell("K310", line, "Amount", MoneyText(line.units));
     } else if (sums_->Takes(store::sales_type::kReceipt, group)) {

@@ -26,10 +26,17 @@ constexpr std::size_t kMostDates = 30;
 constexpr std::size_t kMostCustomersKept = 10000;
 constexpr std::size_t kReferenceLength = 20;  // what a head of the order file takes of it
 
-// A receipt's line on the customer's account, to try whether the customer has one.
-const Row& LineOnAccount() {
-    static const Row kLine({{"TransType", store::trans_type::kCreditSale}, {"Amount", 0.0}});
-    return kLine;
+// The account of a customer, as the posting of a line on it has it; nothing where it is none.
+std::optional<std::int32_t> AccountOf(const Shop& shop, const std::string& customer) {
+    const Row sale({{"CustomerID", customer}});
+    const Row line({{"TransType", store::trans_type::kCreditSale}, {"Amount", 0.0}});
+    try {
+        const auto posting = fileexport::PostingOfReceiptLine(
+            store::Sale(sale), store::SaleLine(line), shop.Options());
+        return posting ? posting->account : 0;
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
 }
 
 std::optional<std::string> DateText(const Value& date) {
@@ -67,6 +74,7 @@ SalesCheck::SalesCheck(const Shop& shop, Findings& findings, SapCheck* sap)
       findings_(findings),
       sap_(sap),
       hasCustomer_([&shop](const std::string& id) { return HasCustomer(shop, id); }),
+      accounts_([&shop](const std::string& id) { return AccountOf(shop, id); }),
       today_(platform::ToInt32(app::DateToYmd(shop.Outside().clock.Now()))) {
     if (shop.HasOptions()) {
         creditToOrderIsFalse_ = platform::Equals(shop.Options().CreditToOrder(), false);
@@ -167,14 +175,11 @@ void SalesCheck::TakeCustomer(const FileRow& row, SaleRecord& sale, const Place&
         return;
     }
     if (!creditToOrderIsFalse_) return;
-    try {
-        const auto posting = fileexport::PostingOfReceiptLine(
-            store::Sale(row.View()), store::SaleLine(LineOnAccount()), shop_.Options());
-        if (posting) sale.account = posting->account;
-    } catch (const RuntimeError&) {
-        sale.flags |= sale_flag::kNoAccount;
-        KeepCustomer(sale, platform::ToText(customer));
-    }
+    const std::optional<std::int32_t>& account = accounts_.Of(platform::ToText(customer));
+    sale.account = account.value_or(0);
+    if (account) return;
+    sale.flags |= sale_flag::kNoAccount;
+    KeepCustomer(sale, platform::ToText(customer));
 }
 
 void SalesCheck::KeepCustomer(const SaleRecord& sale, const std::string& customer) {

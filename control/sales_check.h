@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -56,6 +57,7 @@ class SalesCheck {
     Columns columns_{};
     SaleTable sales_;
     Remembered<bool> hasCustomer_;
+    Remembered<std::optional<std::int32_t>> accounts_;             // by customer
     std::map<std::int32_t, std::string> dates_;                    // the first few
     std::unordered_map<std::int64_t, std::string> toldCustomers_;  // of faulty sales, by number
     std::int32_t today_;

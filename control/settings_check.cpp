@@ -30,7 +30,8 @@ bool CanBePlaced(const char* field, const std::string& name, Findings& findings)
 bool AreOneFile(const std::string& left, const std::string& right) {
     const auto place = [](const std::string& name) {
         std::error_code ignored;
-        return std::filesystem::weakly_canonical(platform::ResolvePath(name), ignored);
+        return std::filesystem::weakly_canonical(
+            std::filesystem::absolute(platform::ResolvePath(name)), ignored);
     };
     std::error_code ignored;
     return place(left) == place(right) ||
