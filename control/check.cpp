@@ -1,11 +1,14 @@
 #include "control/check.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "control/data_set_check.h"
 #include "control/nobody.h"
 #include "control/settings_check.h"
+#include "platform/held_file.h"
 #include "platform/text.h"
+#include "store/finished_name.h"
 #include "ui/frm_main.h"
 
 namespace control {
@@ -14,7 +17,13 @@ namespace {
 
 using store::DataSet;
 
-// Those of the operator's list, and those whose lines file has no sales file beside it.
+// A server was ended while it finished the day: the next one goes on.
+bool IsFinished(const DataSet& dataSet) {
+    const std::optional<std::string> lines = dataSet.FindSalesLinesFile();
+    return lines && store::HasFinishedName(platform::HeldFile(*lines), dataSet.SalesLinesFile());
+}
+
+// Those of the operator's list, and those that are not in it for want of one of their files.
 std::vector<DataSet> Waiting(const app::AppSettings& settings) {
     Nobody nobody;
     ui::frmMain window(settings, nobody);
@@ -25,8 +34,10 @@ std::vector<DataSet> Waiting(const app::AppSettings& settings) {
     };
     for (const ui::ListEntry& entry : window.ListDayEnd)
         add(entry.dataSet);
-    for (const DataSet& dataSet : DataSet::WithoutSales())
-        add(dataSet);
+    for (const DataSet& dataSet : DataSet::WithoutSales()) {
+        if (!IsFinished(dataSet)) add(dataSet);
+    }
+    if (DataSet("").FindSalesFile()) add(DataSet(""));
     return waiting;
 }
 

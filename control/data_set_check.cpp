@@ -1,6 +1,7 @@
 #include "control/data_set_check.h"
 
 #include <optional>
+#include <string>
 
 #include "control/day_file.h"
 #include "control/lines_check.h"
@@ -10,21 +11,28 @@ namespace control {
 
 namespace {
 
-bool HasBothFiles(const store::DataSet& dataSet, Findings& findings) {
-    const bool hasSales = dataSet.FindSalesFile().has_value();
-    const bool hasLines = dataSet.FindSalesLinesFile().has_value();
-    if (!hasSales) findings.Add("K101", {.value = dataSet.SalesFile()});
-    if (!hasLines) findings.Add("K101", {.value = dataSet.SalesLinesFile()});
-    return hasSales && hasLines;
+struct TwoFiles {
+    std::string sales;
+    std::string lines;
+};
+
+// Nothing, and K101, where one of them is missing.
+std::optional<TwoFiles> FilesOf(const store::DataSet& dataSet, Findings& findings) {
+    const std::optional<std::string> sales = dataSet.FindSalesFile();
+    const std::optional<std::string> lines = dataSet.FindSalesLinesFile();
+    if (!sales) findings.Add("K101", {.value = dataSet.SalesFile()});
+    if (!lines) findings.Add("K101", {.value = dataSet.SalesLinesFile()});
+    if (!sales || !lines) return std::nullopt;
+    return TwoFiles{*sales, *lines};
 }
 
 class DataSetCheck {
   public:
-    DataSetCheck(const store::DataSet& dataSet, const Shop& shop, Findings& findings)
+    DataSetCheck(const TwoFiles& files, const Shop& shop, Findings& findings)
         : shop_(shop),
           findings_(findings),
-          salesFile_(shop, findings, *dataSet.FindSalesFile(), "Sales", "ID"),
-          linesFile_(shop, findings, *dataSet.FindSalesLinesFile(), "SalesLines", "SalesID") {
+          salesFile_(shop, findings, files.sales, "Sales", "ID"),
+          linesFile_(shop, findings, files.lines, "SalesLines", "SalesID") {
         if (shop.UsesSap()) {
             sap_.emplace(shop, findings);
         } else if (shop.HasOptions()) {
@@ -63,7 +71,7 @@ class DataSetCheck {
 
 void CheckDataSet(const store::DataSet& dataSet, const Shop& shop, Findings& findings) {
     findings.Begin(dataSet.DisplayName());
-    if (HasBothFiles(dataSet, findings)) DataSetCheck(dataSet, shop, findings).Run();
+    if (const auto files = FilesOf(dataSet, findings)) DataSetCheck(*files, shop, findings).Run();
 }
 
 }  // namespace control

@@ -32,7 +32,7 @@ struct Place {
     std::optional<std::string> field = {};
     std::optional<std::string> value = {};
     std::optional<Severity> severity = {};
-    std::string_view text = {};  // in the place of the rule's
+    std::string text = {};  // in the place of the rule's
 };
 
 }  // namespace control

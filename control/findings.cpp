@@ -48,7 +48,7 @@ void Findings::Add(std::string_view code, const Place& place) {
     if (found.first.size() == kMostOfOneCode) return;
     Place shown = place;
     shown.value = Shortened(place.value);
-    const std::string_view text = place.text.empty() ? rule.what : place.text;
+    const std::string_view text = place.text.empty() ? rule.what : std::string_view(place.text);
     found.first.push_back({rule.code, severity, dataSet_, shown.sale, shown.line, shown.field,
                            shown.value, Filled(text, shown), Filled(rule.remedy, shown)});
 }

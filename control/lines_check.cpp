@@ -101,8 +101,14 @@ void LinesCheck::CheckPrice(const Line& line) {
     if (!amount || !quantity || !price) return;
     const double discount = number(columns_.discount).value_or(0);
     const double wanted = *quantity * *price * (1 - discount / 100);
-    if (std::fabs(*amount - wanted) <= kCentTolerance) return;
-    Tell("K304", line, "Amount", At(line.row, columns_.amount));
+    if (!std::isfinite(wanted) || std::fabs(*amount - wanted) <= kCentTolerance) return;
+    const auto shown = platform::TwoDecimals::Of(wanted);
+    Place here = line.place;
+    here.field = "Amount";
+    here.value = TextOf(At(line.row, columns_.amount));
+    here.text = "Amount er {value}, men antall ganger pris minus rabatt blir " +
+                (shown ? shown->CommaText() : "for stort") + ".";
+    findings_.Add("K304", here);
 }
 
 void LinesCheck::CheckVatCode(const Line& line) {

@@ -25,6 +25,7 @@ constexpr NumberedReason kReasons[] = {
     {error_number::kDatabaseInUse, "et annet program holder filen låst"},
     {error_number::kCannotOpenDatabase, "filen kan ikke åpnes"},
     {error_number::kNoSuchTable, "den finnes ikke i databasen"},
+    {error_number::kFieldNotFound, "den mangler en kolonne"},
     {error_number::kUnrecognizedDatabase, "filen er ingen database, eller er skadet"},
 };
 

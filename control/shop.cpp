@@ -1,7 +1,6 @@
 #include "control/shop.h"
 
 #include <string>
-#include <string_view>
 
 #include "control/reason.h"
 #include "platform/error.h"
@@ -13,6 +12,9 @@ namespace {
 using platform::RuntimeError;
 
 constexpr const char* kPrimaryKey = "PrimaryKey";
+// What every day needs of the options.
+constexpr const char* kOptionFields[] = {"NextVoucherNo", "DeptNo", "CreditToOrder", "SalesAccount",
+                                         "DefaultVATCode"};
 constexpr const char* kWorkTables[] = {"Sales", "SalesLines"};
 
 // Runs a step of opening; a failure is K006 for what it is that is not there.
@@ -76,15 +78,19 @@ void Shop::OpenWork(Findings& findings) {
 
 void Shop::ReadOptions(Findings& findings) {
     if (!databases_.OptionsTable) return;
-    std::string_view missing;
     try {
-        if (Options().NextVoucherNo().IsNull()) missing = "NextVoucherNo";
+        for (const char* field : kOptionFields)
+            (void)Options().Field(field);
         hasOptions_ = true;
+        if (!Options().NextVoucherNo().IsNull() || UsesSap()) return;
+        findings.Add("K005", {.field = "NextVoucherNo"});
     } catch (const RuntimeError& error) {
-        hasOptions_ = error.Number() == platform::error_number::kFieldNotFound;
-        missing = hasOptions_ ? "NextVoucherNo" : "butikkens rad";
+        if (error.Number() == platform::error_number::kFieldNotFound) {
+            findings.Add("K006", {.field = "Tabellen Options", .value = ReasonOf(error)});
+        } else if (!UsesSap()) {
+            findings.Add("K005", {.field = "butikkens rad"});
+        }
     }
-    if (!missing.empty() && !UsesSap()) findings.Add("K005", {.field = std::string(missing)});
 }
 
 std::unique_ptr<platform::database::TableAppender> Shop::WorkTable(const char* name) const {

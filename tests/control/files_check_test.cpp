@@ -60,6 +60,9 @@ TEST_F(ControlTest, MissingPartsOfTheDatabases) {
     shop_.WriteDataSet("Kasse1", CleanDay().sales, CleanDay().lines);
     shop_.InStore("UPDATE Options SET NextVoucherNo = NULL");
     EXPECT_EQ(Check(), "K005 NextVoucherNo\n");
+    shop_.InStore("ALTER TABLE Options RENAME COLUMN CreditToOrder TO Credit");
+    EXPECT_EQ(Check(), "K006 Tabellen Options=den mangler en kolonne\n");
+    shop_.InStore("ALTER TABLE Options RENAME COLUMN Credit TO CreditToOrder");
     shop_.InStore("DELETE FROM Options");
     EXPECT_EQ(Check(), "K005 butikkens rad\n");
     shop_.InStore("DROP TABLE SelBuy");
@@ -131,6 +134,21 @@ TEST_F(ControlTest, DataSetsWithOneFile) {
               "K101 <Uten navn>=DayEndSales.XML\n"
               "K101=Kasse1DayEndSalesLines.XML\n"
               "K101 Kasse2=Kasse2DayEndSales.XML\n");
+}
+
+TEST_F(ControlTest, AnUnnamedDaySalesFileAloneIsNotOverlooked) {
+    shop_.WriteDataSet("", CleanDay().sales, CleanDay().lines);
+    std::filesystem::remove("DayEndSalesLines.XML");
+    EXPECT_EQ(Check(), "K101 <Uten navn>=DayEndSalesLines.XML\n");
+}
+
+// A server was ended between the two files of a day that is done.
+TEST_F(ControlTest, ADayThatIsFinishedButForItsLinesFileIsNone) {
+    shop_.WriteDataSet("Kasse1", CleanDay().sales, CleanDay().lines);
+    std::filesystem::remove("Kasse1DayEndSales.XML");
+    std::filesystem::create_hard_link("Kasse1DayEndSalesLines.XML",
+                                      "Kasse1DayEndSalesLines.XML.200511161433.ferdig");
+    EXPECT_EQ(Check(), "");
 }
 
 TEST_F(ControlTest, NamesAreFoundInAnyCaseTheExactOneFirst) {
