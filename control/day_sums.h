@@ -25,6 +25,7 @@ struct LineGroup {
     std::optional<std::int64_t> account;
     std::optional<std::int64_t> vatCode;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): takes the generated comparisons for ones with 0.
     friend auto operator<=>(const LineGroup&, const LineGroup&) = default;
 };
 

@@ -31,7 +31,7 @@ inline constexpr auto kLineRules = std::to_array<Rule>({
     {"K304", Severity::Warning, "Beløpet stemmer ikke med antall, pris og rabatt",
      "Amount er {value}, men antall ganger pris minus rabatt blir noe annet.",
      "Se på linjen i kassen. Er beløpet riktig, kan dagen overføres.",
-     "Ordrefilen og SAP får antall, pris og rabatt; bilaget får beløpet. De ville ikke stemme.",
+     "Ordrefilen får antall, pris og rabatt, og bilaget får beløpet. De to ville ikke stemme.",
      "Prisen er endret for hånd etter at linjen ble slått inn, eller rabatten er regnet to ganger.",
      "Rett prisen eller rabatten på linjen i kassen, og lag dagsoppgjøret på nytt."},
     {"K305", Severity::Error, "Et felt mangler tallet det regnes med",
