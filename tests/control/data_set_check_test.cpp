@@ -177,7 +177,8 @@ TEST_F(ControlTest, ALongNameOfAMeansOfPaymentIsCut) {
     Day day = CleanDay();
     Pay(day, 16);
     for (const auto& [length, found] : {std::pair(103, ""), std::pair(104, "K307w=201\n")}) {
-        shop_.InStore("UPDATE Options SET IOUName = '" + std::string(length, 'x') + "'");
+        shop_.InStore("UPDATE Options SET IOUName = '" +
+                      std::string(static_cast<std::size_t>(length), 'x') + "'");
         EXPECT_EQ(Check(day), found) << length;
     }
 }
