@@ -4,6 +4,7 @@
 
 #include <iostream>
 
+#include "app/commands.h"
 #include "app/options.h"
 #include "app/server.h"
 #include "platform/process.h"
@@ -25,6 +26,12 @@ int PrintDataSets(const ui::frmMain& window) {
     return 0;
 }
 
+int RunCommand(const app::Options& options) {
+    ui::terminal::TerminalOperator terminal({std::cin, std::cerr, std::cerr},
+                                            ui::terminal::Attendance::Nobody);
+    return app::RunCommand(options, {std::cout, std::cerr}, terminal);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -32,6 +39,8 @@ int main(int argc, char** argv) {
     const app::ParsedOptions parsed = app::ParseOptions(app::Program::Terminal, argc, argv);
     if (!parsed.options) return parsed.exitStatus;
     const app::Options& options = *parsed.options;
+
+    if (options.command != app::Command::Run) return RunCommand(options);
 
     // --list keeps standard output for the names.
     ui::terminal::TerminalOperator terminal(

@@ -28,6 +28,52 @@ void AddTerminalOptions(CLI::App& parser, Options& options) {
                     "Read no answers: default buttons and default texts");
 }
 
+constexpr const char* kFolderText =
+    "The program folder: profile files and waiting data sets (default: the folder of the "
+    "executable)";
+
+// Names are what no option takes: declared as an option, "[K1]" would be a list.
+void TakeNames(const CLI::App& command, Options& options) {
+    options.names = command.remaining();
+    for (const std::string& name : options.names) {
+        if (name.starts_with('-')) throw CLI::ExtrasError(command.get_name(), {name});
+    }
+}
+
+CLI::App& AddCommand(CLI::App& parser, const char* name, const char* text, Command command,
+                     Options& options) {
+    CLI::App& added = *parser.add_subcommand(name, text);
+    added.add_option("--folder", options.folder, kFolderText)->type_name("DIR");
+    added.add_flag("--json", options.json, "Print one JSON document instead of text");
+    added.callback([&options, &added, command] {
+        options.command = command;
+        TakeNames(added, options);
+    });
+    return added;
+}
+
+void AddCommands(CLI::App& parser, Options& options) {
+    parser.require_subcommand(0, 1);
+    AddCommand(
+        parser, "check",
+        "[NAME...]: tell what would go wrong with these data sets, or with every waiting one",
+        Command::Check, options)
+        .allow_extras();
+    AddCommand(parser, "explain", "CODE: explain the code of a finding", Command::Explain, options)
+        .add_option("CODE", options.code, "The code, as K302")
+        ->type_name("")
+        ->required();
+}
+
+// What belongs to a run says nothing to a command.
+void RefuseOptionsOfARun(const Options& options) {
+    if (options.command == Command::Run) return;
+    if (options.list || options.all || options.unattended || !options.select.empty() ||
+        !options.journal.empty()) {
+        throw CLI::ValidationError("a command takes no options of a run");
+    }
+}
+
 }  // namespace
 
 ParsedOptions ParseOptions(Program program, int argc, const char* const* argv) {
@@ -36,17 +82,17 @@ ParsedOptions ParseOptions(Program program, int argc, const char* const* argv) {
                     isTerminal ? "kvdayend" : "KVDayEndServer");
     parser.set_version_flag("--version", KV_VERSION);
     Options options;
-    parser
-        .add_option("--folder", options.folder,
-                    "The program folder: profile files and waiting data sets (default: the folder "
-                    "of the executable)")
-        ->type_name("DIR");
+    parser.add_option("--folder", options.folder, kFolderText)->type_name("DIR");
     parser.add_option("--journal", options.journal, "Append every operator-visible event to FILE")
         ->type_name("FILE");
-    if (isTerminal) AddTerminalOptions(parser, options);
+    if (isTerminal) {
+        AddTerminalOptions(parser, options);
+        AddCommands(parser, options);
+    }
 
     try {
         parser.parse(argc, argv);
+        RefuseOptionsOfARun(options);
     } catch (const CLI::ParseError& outcome) {
         return {std::nullopt, parser.exit(outcome) == 0 ? 0 : kExitUsage};
     }

@@ -7,6 +7,8 @@
 
 namespace app {
 
+enum class Command { Run, Check, Explain };
+
 struct Options {
     std::string folder;   // the program folder, absolute
     std::string journal;  // empty: no journal
@@ -16,6 +18,12 @@ struct Options {
     bool all = false;
     bool unattended = false;
     std::vector<std::string> select;
+
+    // Of a command; a run where there is none.
+    Command command = Command::Run;
+    bool json = false;
+    std::vector<std::string> names;  // check: display names
+    std::string code;                // explain
 };
 
 enum class Program { Window, Terminal };

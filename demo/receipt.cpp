@@ -24,7 +24,9 @@ constexpr ReceiptKind kKinds[] = {
     {Occasion::Sale, 1, record::kCreditSale, 4},
     {Occasion::Sale, 2, record::kCreditSale, 7},
     {Occasion::Sale, 2, record::kBank, 2},
-    {Occasion::Sale, 4, record::kFirstCard, 2},  // ordered and paid, not yet delivered
+    // A faulty piece comes back and a new one is ordered. Nothing is paid: no voucher would hold
+    // it.
+    {Occasion::Exchange, 4, record::kFirstCard, 2},
     {Occasion::Return, 1, record::kCash, 2},
     {Occasion::Return, 1, record::kFirstCard, 2},
     {Occasion::Return, 1, record::kIou, 2},
@@ -103,6 +105,7 @@ bool ReceiptMaker::HasGoods(const ReceiptKind& kind) const {
     switch (kind.occasion) {
         case Occasion::Sale:
         case Occasion::Return:
+        case Occasion::Exchange:
             return true;
         case Occasion::Prepayment:
             return false;
@@ -113,6 +116,7 @@ bool ReceiptMaker::HasGoods(const ReceiptKind& kind) const {
 }
 
 std::int64_t ReceiptMaker::MoneyRecords(const ReceiptKind& kind) {
+    if (kind.occasion == Occasion::Exchange) return 1;  // the piece that comes back
     const bool isSale = kind.occasion == Occasion::Sale;
     if (kind.paidWith == record::kCash) return isSale ? 3 : 2;  // rounding, cash, change
     if (kind.paidWith == record::kIou) return isSale ? 2 : 1;   // the slip, and a card for the rest
@@ -133,6 +137,10 @@ Receipt ReceiptMaker::Make(const ReceiptKind& kind, std::int64_t records) {
     }
     receipt.seller = static_cast<std::size_t>(
         random_.Between(1, static_cast<std::int64_t>(shop_.sellers.size())));
+    if (kind.occasion == Occasion::Exchange) {
+        AddExchange(receipt);
+        return receipt;
+    }
     if (HasGoods(kind)) {
         const int sign = kind.occasion == Occasion::Return ? -1 : 1;
         AddGoods(receipt, sign, records - MoneyRecords(kind));
@@ -185,6 +193,14 @@ void ReceiptMaker::AddGoods(Receipt& receipt, int sign, std::int64_t count) {
     receipt.lines.reserve(static_cast<std::size_t>(count) + 3);
     for (std::int64_t i = 0; i < count; ++i)
         receipt.lines.push_back(GoodsLine(sign));
+}
+
+void ReceiptMaker::AddExchange(Receipt& receipt) {
+    AddGoods(receipt, 1, 1);
+    ReceiptLine back = receipt.lines.front();
+    back.quantity = -back.quantity;
+    back.amount = -back.amount;
+    receipt.lines.push_back(std::move(back));
 }
 
 void ReceiptMaker::AddCustomerPayment(Receipt& receipt, const ReceiptKind& kind) {

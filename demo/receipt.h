@@ -54,7 +54,7 @@ struct Receipt {
     std::vector<ReceiptLine> lines;
 };
 
-enum class Occasion { Sale, Return, Prepayment, InvoicePayment };
+enum class Occasion { Sale, Return, Exchange, Prepayment, InvoicePayment };
 
 struct ReceiptKind {
     Occasion occasion;
@@ -89,6 +89,7 @@ class ReceiptMaker {
     [[nodiscard]] ReceiptLine GoodsLine(int sign);
     [[nodiscard]] std::int64_t ChooseQuantity(const Product& product);
     void AddGoods(Receipt& receipt, int sign, std::int64_t count);
+    void AddExchange(Receipt& receipt);
     void AddCustomerPayment(Receipt& receipt, const ReceiptKind& kind);
     void Pay(Receipt& receipt, const ReceiptKind& kind);
     void PayCash(Receipt& receipt, std::int64_t total);

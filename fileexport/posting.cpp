@@ -139,6 +139,16 @@ std::optional<Posting> PostingOfReceiptLine(const store::Sale& sale, const store
     return posting;
 }
 
+const char* SalesQueryOf(const store::Options& options) {
+    // kept: credit-to-order. The sales of orders are left out, their payments are not.
+    const bool receiptsOnly = platform::Equals(options.CreditToOrder(), true);
+    return receiptsOnly ? kReceiptSalesQuery : kReceiptAndOrderSalesQuery;
+}
+
+bool HasReceiptPostings(const Value& salesType) {
+    return IsAboveZero(salesType);
+}
+
 VoucherRecord RecordOf(const Posting& posting, const store::Options& options) {
     VoucherRecord record;
     record.VoNo = options.NextVoucherNo();

@@ -39,6 +39,12 @@ struct Posting {
                                                           const store::SaleLine& line,
                                                           const store::Options& options);
 
+// The query of the sales' sums: kReceiptSalesQuery or kReceiptAndOrderSalesQuery.
+[[nodiscard]] const char* SalesQueryOf(const store::Options& options);
+
+// Whether sales of that type have their lines posted one by one; one that has not ends the export.
+[[nodiscard]] bool HasReceiptPostings(const platform::Value& salesType);
+
 // The record under the store's next voucher number.
 [[nodiscard]] VoucherRecord RecordOf(const Posting& posting, const store::Options& options);
 

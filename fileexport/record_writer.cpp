@@ -14,7 +14,6 @@ constexpr const char* kBatchFields = "@WaBnd (ValDt, Descr, Susp)";
 constexpr const char* kVoucherFields =
     "@WaVo (VoNo, VoDt, VoTp, Txt, DbAcCl, DbAcNo, DbTxCd, CrAcCl, CrAcNo, CrTxCd, Am, InvoNo, "
     "Ref, AgRef, Task, DueDt, R1, R2, R3, R4, R5, R6)";
-constexpr std::size_t kLineLimit = 200;  // characters
 constexpr const char* kContinuation = " \\";
 
 }  // namespace
@@ -40,15 +39,19 @@ void WriteVoucherHeaders(TextFile& voucherFile, RecordCounter& recordCounter, co
     voucherFile.WriteLine("");
 }
 
+std::string VoucherLine(const VoucherRecord& record) {
+    const VoucherRecord& r = record;
+    return QuotedRecordLine({&r.VoNo,   &r.VoDt,   &r.VoTp,   &r.Txt,    &r.DbAcCl, &r.DbAcNo,
+                             &r.DbTxCd, &r.CrAcCl, &r.CrAcNo, &r.CrTxCd, &r.Am,     &r.InvoNo,
+                             &r.Ref,    &r.AgRef,  &r.Task,   &r.DueDt,  &r.R1,     &r.R2,
+                             &r.R3,     &r.R4,     &r.R5,     &r.R6});
+}
+
 void WriteVoucherRecord(TextFile& voucherFile, RecordCounter& recordCounter,
                         const VoucherRecord& record) {
-    const VoucherRecord& r = record;
-    const std::string line = QuotedRecordLine(
-        {&r.VoNo,   &r.VoDt,   &r.VoTp, &r.Txt,    &r.DbAcCl, &r.DbAcNo, &r.DbTxCd, &r.CrAcCl,
-         &r.CrAcNo, &r.CrTxCd, &r.Am,   &r.InvoNo, &r.Ref,    &r.AgRef,  &r.Task,   &r.DueDt,
-         &r.R1,     &r.R2,     &r.R3,   &r.R4,     &r.R5,     &r.R6});
-    if (platform::Length(line) > kLineLimit) {
-        voucherFile.WriteLine(platform::Left(line, kLineLimit) + kContinuation);
+    const std::string line = VoucherLine(record);
+    if (platform::Length(line) > kVoucherLineLimit) {
+        voucherFile.WriteLine(platform::Left(line, kVoucherLineLimit) + kContinuation);
         // kept: cut-at-200. The continuation is empty, whatever the line has lost.
         voucherFile.WriteLine("");
     } else {

@@ -1,6 +1,7 @@
 // Writes the batch and voucher records of the voucher file. Knows nothing of what is posted.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -36,6 +37,12 @@ using RecordCounter = std::int32_t;
 void WriteVoucherHeaders(platform::TextFile& voucherFile, RecordCounter& recordCounter,
                          const platform::Value& valDt, const platform::Value& descr,
                          const platform::Value& susp);
+
+// The longest line of a voucher record, in characters; what is longer is cut there.
+inline constexpr std::size_t kVoucherLineLimit = 200;
+
+// The line of a record before it is cut.
+[[nodiscard]] std::string VoucherLine(const VoucherRecord& record);
 
 // Of a line of more than 200 characters: the first 200, the continuation marker, an empty line.
 void WriteVoucherRecord(platform::TextFile& voucherFile, RecordCounter& recordCounter,

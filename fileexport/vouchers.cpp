@@ -1,7 +1,6 @@
 #include "fileexport/vouchers.h"
 
 #include "app/field_values.h"
-#include "platform/comparison.h"
 #include "platform/database/query_number.h"
 #include "platform/error.h"
 #include "platform/norwegian.h"
@@ -42,9 +41,7 @@ void Vouchers::WriteBatch() {
 }
 
 void Vouchers::WriteSalesPostings() {
-    // kept: credit-to-order. The sales of orders are left out, their payments are not.
-    const bool receiptsOnly = platform::Equals(sources_.options.CreditToOrder(), true);
-    WriteSums(receiptsOnly ? kReceiptSalesQuery : kReceiptAndOrderSalesQuery, PostingOfSales);
+    WriteSums(SalesQueryOf(sources_.options), PostingOfSales);
 }
 
 void Vouchers::WriteRoundingPostings() {
@@ -68,8 +65,7 @@ void Vouchers::WriteReceiptPostings() {
 }
 
 void Vouchers::WriteReceipt() {
-    const Value salesType = Sale(sources_.sales).SalesType();
-    if (platform::Compare(salesType, 0) == platform::Ordering::Greater) WriteReceiptLines();
+    if (HasReceiptPostings(Sale(sources_.sales).SalesType())) WriteReceiptLines();
     // kept: closed-twice. Also where no lines were opened: at a sale of type 0 or less this closes
     // what is closed already, and error 3704 ends the export.
     sources_.SalesLinesRecordset->Close();

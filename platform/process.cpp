@@ -160,4 +160,9 @@ bool SystemProcessStarter::Start(std::string_view commandLine) {
     return StartDetached(program.c_str(), arguments.data());
 }
 
+bool CanBeStarted(std::string_view commandLine) {
+    const std::vector<std::string> words = SplitCommandLine(commandLine);
+    return !words.empty() && !FindProgram(words.front()).empty();
+}
+
 }  // namespace platform

@@ -27,4 +27,7 @@ class SystemProcessStarter : public ProcessStarter {
     [[nodiscard]] bool Start(std::string_view commandLine) override;
 };
 
+// Whether there is a program that SystemProcessStarter would start with that command line.
+[[nodiscard]] bool CanBeStarted(std::string_view commandLine);
+
 }  // namespace platform

@@ -22,6 +22,10 @@ constexpr const char* kFilters[] = {
 
 }  // namespace
 
+const char* FilterOf(LineKind kind) {
+    return kFilters[static_cast<std::size_t>(kind)];
+}
+
 SaleLines::SaleLines(const platform::recordset_file::PersistConnection& persistConnection,
                      const std::string& fileName)
     : rowSet_(persistConnection.LoadRows(fileName)) {

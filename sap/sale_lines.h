@@ -17,6 +17,9 @@ namespace sap {
 
 enum class LineKind { Items, ItemsButRounding, Payments, InvoicePayments };
 
+// The filter of the lines of a kind.
+[[nodiscard]] const char* FilterOf(LineKind kind);
+
 class SaleLines {
   public:
     // Reads the lines file. Errors as the reader's; 3265 where there is no column SalesID.

@@ -46,6 +46,11 @@ double TotalOf(ClientRecordset& lines) {
 
 }  // namespace
 
+// kept: no-day-end. Master data and payment-only receipts go all the same, and find no company.
+bool DocumentsAreWanted(const app::AppSettings& appSettings) {
+    return !platform::Equals(NzNumber(appSettings.NoDayEnd), 1);
+}
+
 TransferDriver::TransferDriver(const app::AppSettings& appSettings,
                                const store::Databases& databases, ui::RunState& runState,
                                SapObjects& objects, ui::StatusLog& statusLog,
@@ -205,11 +210,6 @@ void TransferDriver::Commit(const store::WaitingFiles& files) {
         CloseSAPCompany(context_, TransactionEnd::Commit);
     }
     finishedNames.Keep();
-}
-
-// kept: no-day-end. Master data and payment-only receipts go all the same, and find no company.
-bool TransferDriver::DocumentsAreWanted() const {
-    return !platform::Equals(NzNumber(context_.AppSettings.NoDayEnd), 1);
 }
 
 }  // namespace sap

@@ -14,6 +14,8 @@
 
 namespace sap {
 
+[[nodiscard]] bool DocumentsAreWanted(const app::AppSettings& appSettings);
+
 class TransferDriver {
   public:
     TransferDriver(const app::AppSettings& appSettings, const store::Databases& databases,
@@ -40,7 +42,9 @@ class TransferDriver {
     void TransferSale(const store::Sale& sale, const SaleLines& saleLines);
     void Complete(const store::WaitingFiles& files);
     void Commit(const store::WaitingFiles& files);
-    [[nodiscard]] bool DocumentsAreWanted() const;
+    [[nodiscard]] bool DocumentsAreWanted() const {
+        return sap::DocumentsAreWanted(context_.AppSettings);
+    }
 
     const store::Databases& databases_;
     ui::RunState& runState_;

@@ -11,8 +11,6 @@ namespace {
 using platform::RuntimeError;
 using platform::database::TableRecordset;
 
-constexpr const char* kStoreFile = "\\Kassovia.mdb";
-constexpr const char* kWorkFile = "\\KVDayEndServer.mdb";
 constexpr const char* kProvider = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=";
 constexpr const char* kPrimaryKey = "PrimaryKey";
 
@@ -35,13 +33,7 @@ bool OperatorWantsToEnd(const RuntimeError& error, platform::Operator& theOperat
     return answer == platform::Answer::Yes;
 }
 
-struct TableToOpen {
-    const char* name;
-    platform::ObjectVariable<TableRecordset> Databases::*handle;
-    bool withPrimaryKey;
-};
-
-constexpr TableToOpen kTables[] = {
+constexpr StoreTable kTables[] = {
     {"Products", &Databases::ProductsTable, true},
     {"Customers", &Databases::CustomersTable, true},
     {"PriceMatrix", &Databases::PriceMatrixTable, false},
@@ -72,6 +64,10 @@ std::string WorkDatabaseFile(const std::string& datapath) {
     return datapath + kWorkFile;
 }
 
+std::span<const StoreTable> StoreTables() {
+    return kTables;
+}
+
 void OpenConnections(platform::database::DatabaseEngine& engine, const std::string& datapath,
                      Databases& databases) {
     databases.PosWorkspace =
@@ -83,7 +79,7 @@ void OpenConnections(platform::database::DatabaseEngine& engine, const std::stri
 
 AfterOpening OpenTables(Databases& databases, platform::Operator& theOperator,
                         const std::string& appTitle) {
-    for (const TableToOpen& table : kTables) {
+    for (const StoreTable& table : kTables) {
         platform::ObjectVariable<TableRecordset>& handle = databases.*table.handle;
         const auto open = [&] { handle = databases.StoreDatabase->OpenTable(table.name); };
         if (Try(open, theOperator, appTitle) == AfterOpening::EndProgram) {

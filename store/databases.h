@@ -1,6 +1,7 @@
 // The database handles: opened once at start-up, held for the life of the program.
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "platform/database/database.h"
@@ -30,6 +31,19 @@ struct Databases {
     Variable<platform::database::TableRecordset> OptionsTable{"OptionsTable"};  // its first record
     Variable<platform::database::TableRecordset> TaxTable{"TaxTable"};
 };
+
+// A table of the store database, and whether it is opened with its primary key.
+struct StoreTable {
+    const char* name;
+    Databases::Variable<platform::database::TableRecordset> Databases::*handle;
+    bool withPrimaryKey;
+};
+
+[[nodiscard]] std::span<const StoreTable> StoreTables();
+
+// The files of the two databases, from the folder that Datapath names.
+inline constexpr const char* kStoreFile = "\\Kassovia.mdb";
+inline constexpr const char* kWorkFile = "\\KVDayEndServer.mdb";
 
 [[nodiscard]] std::string WorkDatabaseFile(const std::string& datapath);
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/database/sqlite_database.h"
+#include "platform/database/sqlite_reading.h"
 #include "platform/error.h"
 #include "platform/files.h"
 #include "platform/text.h"
@@ -49,12 +50,18 @@ std::string_view DataSourceOf(std::string_view connectionString) {
 std::unique_ptr<Database> SqliteEngine::OpenDatabase(std::string_view fileName) {
     const path file = ResolvePath(fileName);
     RequireDatabaseFile(file);
+    if (access_ == Access::Reading) return OpenForReading(file, busyTimeout_);
     return std::make_unique<SqliteDatabase>(
         std::make_shared<SqliteConnection>(file, SqliteConnection::Mode::Existing, busyTimeout_));
 }
 
 std::unique_ptr<Database> SqliteEngine::OpenConnection(std::string_view connectionString) {
     return OpenDatabase(DataSourceOf(connectionString));
+}
+
+std::unique_ptr<Database> SqliteEngine::CreateTemporary() {
+    return std::make_unique<SqliteDatabase>(
+        std::make_shared<SqliteConnection>("", SqliteConnection::Mode::Create, busyTimeout_));
 }
 
 std::unique_ptr<Database> SqliteEngine::CreateDatabase(std::string_view fileName) {

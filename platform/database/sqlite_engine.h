@@ -10,9 +10,15 @@ namespace platform::database {
 
 class SqliteEngine : public DatabaseEngine {
   public:
+    // Reading: every database is opened as it stands, nothing in it or beside it changes, and what
+    // would change it is error 3027. One that can not be read so (a write-ahead log, or a journal
+    // left by a server that was killed) is read from a copy in the temporary folder.
+    enum class Access { Work, Reading };
+
     // How long a lock of another process is waited for.
-    explicit SqliteEngine(std::chrono::milliseconds busyTimeout = std::chrono::seconds(5))
-        : busyTimeout_(busyTimeout) {}
+    explicit SqliteEngine(std::chrono::milliseconds busyTimeout = std::chrono::seconds(5),
+                          Access access = Access::Work)
+        : busyTimeout_(busyTimeout), access_(access) {}
 
     [[nodiscard]] std::unique_ptr<Database> OpenDatabase(std::string_view fileName) override;
     [[nodiscard]] std::unique_ptr<Database> OpenConnection(
@@ -22,8 +28,13 @@ class SqliteEngine : public DatabaseEngine {
     // error 75.
     [[nodiscard]] std::unique_ptr<Database> CreateDatabase(std::string_view fileName);
 
+    // An empty database without a name, which goes with the returned object. What is too much for
+    // memory lies in the system's temporary folder.
+    [[nodiscard]] std::unique_ptr<Database> CreateTemporary();
+
   private:
     std::chrono::milliseconds busyTimeout_;
+    Access access_;
 };
 
 }  // namespace platform::database

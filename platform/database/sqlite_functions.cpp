@@ -3,16 +3,15 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
+#include <optional>
 #include <string>
 
+#include "platform/database/amount_units.h"
 #include "platform/text.h"
 
 namespace platform::database {
 namespace {
-
-constexpr std::int64_t kUnitsOfOne = 10000;  // amounts count in 1/10000, as currency does
 
 // The state of one sum(); the library hands it out zeroed.
 struct Sum {
@@ -25,12 +24,9 @@ bool UnitsOf(sqlite3_value* addend, std::int64_t& units) {
     if (sqlite3_value_numeric_type(addend) == SQLITE_INTEGER) {
         return !__builtin_mul_overflow(sqlite3_value_int64(addend), kUnitsOfOne, &units);
     }
-    constexpr double kEnd = 9223372036854775808.0;  // one past the largest count
-    const double rounded =
-        std::nearbyint(sqlite3_value_double(addend) * static_cast<double>(kUnitsOfOne));
-    if (!(rounded >= -kEnd && rounded < kEnd)) return false;
-    units = static_cast<std::int64_t>(rounded);
-    return true;
+    const std::optional<std::int64_t> rounded = AmountUnits(sqlite3_value_double(addend));
+    units = rounded.value_or(0);
+    return rounded.has_value();
 }
 
 void SumStep(sqlite3_context* context, int, sqlite3_value** arguments) noexcept {
@@ -55,8 +51,7 @@ void SumFinal(sqlite3_context* context) noexcept {
         sqlite3_result_error(context, kSumOverflowMessage.data(),
                              static_cast<int>(kSumOverflowMessage.size()));
     } else {
-        sqlite3_result_double(context,
-                              static_cast<double>(sum->units) / static_cast<double>(kUnitsOfOne));
+        sqlite3_result_double(context, AmountOfUnits(sum->units));
     }
 }
 

@@ -65,8 +65,10 @@ void SqliteHandle::Close::operator()(sqlite3* handle) const noexcept {
 SqliteHandle::SqliteHandle(const std::filesystem::path& file, Mode mode,
                            std::chrono::milliseconds busyTimeout)
     : fileName_(file.string()) {
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
-                      (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
+    const int access = mode == Mode::Reading  ? SQLITE_OPEN_READONLY
+                       : mode == Mode::Create ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
+                                              : SQLITE_OPEN_READWRITE;
+    const int flags = access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
     sqlite3* opened = nullptr;
     const int code = sqlite3_open_v2(fileName_.c_str(), &opened, flags, nullptr);
     handle_.reset(opened);

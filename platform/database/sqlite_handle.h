@@ -14,7 +14,8 @@ namespace platform::database {
 
 class SqliteHandle {
   public:
-    enum class Mode { Existing, Create };
+    // A file that is opened for reading keeps every byte, and its folder gets no file beside it.
+    enum class Mode { Existing, Create, Reading };
 
     SqliteHandle(const std::filesystem::path& file, Mode mode,
                  std::chrono::milliseconds busyTimeout);

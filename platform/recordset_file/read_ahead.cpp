@@ -16,7 +16,7 @@ constexpr long kBatchBytes = 512L * 1024;
 }  // namespace
 
 ReadAhead::ReadAhead(std::string_view fileName)
-    : fileName_(fileName), file_(fileName), empty_(kBatches - 1) {
+    : fileName_(fileName), file_(fileName), fields_(file_.Fields()), empty_(kBatches - 1) {
     // Handing over must not fail on either side.
     filled_.reserve(kBatches);
     empty_.reserve(kBatches);

@@ -26,6 +26,8 @@ class ReadAhead {
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;
 
+    [[nodiscard]] const std::vector<std::string>& Fields() const { return fields_; }
+
     // As RecordsetFileReader's; the rows before a fault are given before it is raised.
     [[nodiscard]] bool Next(std::vector<Value>& row);
     [[nodiscard]] long RecordNumber() const { return recordNumber_; }
@@ -53,7 +55,8 @@ class ReadAhead {
 
     std::string fileName_;
     RecordsetFileReader file_;  // the thread's alone
-    Batch current_;             // the taker's alone
+    std::vector<std::string> fields_;
+    Batch current_;  // the taker's alone
     std::size_t taken_ = 0;
     long recordNumber_ = 0;
 

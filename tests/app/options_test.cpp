@@ -33,6 +33,28 @@ TEST(Options, RelativePathsAreThoseOfTheCallersDirectory) {
     EXPECT_TRUE(std::filesystem::is_directory(Parse({}).options->folder));
 }
 
+TEST(Options, ACommandHasOptionsOfItsOwn) {
+    const auto check = Parse({"check", "[K1]", "a,b", "--json", "--folder", "/shop"});
+    ASSERT_TRUE(check.options);
+    EXPECT_EQ(check.options->command, app::Command::Check);
+    EXPECT_EQ(check.options->names, (std::vector<std::string>{"[K1]", "a,b"}));
+    EXPECT_EQ(check.options->folder, "/shop");
+    EXPECT_TRUE(check.options->json);
+    const auto explain = Parse({"explain", "K302"});
+    ASSERT_TRUE(explain.options);
+    EXPECT_EQ(explain.options->code, "K302");
+    const auto run = Parse({"--select", "check"});
+    ASSERT_TRUE(run.options);
+    EXPECT_EQ(run.options->command, app::Command::Run) << "a data set may be called so";
+    for (const std::vector<const char*>& wrong : {std::vector<const char*>{"check", "--all"},
+                                                  {"--list", "check"},
+                                                  {"explain"},
+                                                  {"check", "explain", "--unattended"}}) {
+        EXPECT_EQ(Parse(wrong).exitStatus, 2) << wrong[0];
+    }
+    EXPECT_EQ(Parse({"check"}, app::Program::Window).exitStatus, 2);
+}
+
 TEST(Options, WrongUsageIsStatus2) {
     for (const std::vector<const char*>& wrong :
          {std::vector<const char*>{"--no-such-option"}, {"--select"}, {"name"}}) {
