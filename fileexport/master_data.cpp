@@ -1,9 +1,7 @@
 #include "fileexport/master_data.h"
 
-#include <memory>
 #include <span>
 #include <string>
-#include <vector>
 
 #include "platform/comparison.h"
 #include "platform/database/batch.h"
@@ -71,10 +69,8 @@ Value GrossSwitch(const store::Options& options) {
     return platform::Equals(options.GrossPrices(), 0) ? "0" : "1";
 }
 
-void WriteSection(const Section& section, TextFile& voucherFile, ClientRecordset& rows,
+void WriteRecords(const Section& section, TextFile& voucherFile, ClientRecordset& rows,
                   const store::Options& options) {
-    if (rows.IsEof()) return;
-
     if (section.firstLine == FirstLine::EmptyLine) voucherFile.WriteLine("");
     voucherFile.WriteLine(section.fieldList);
     voucherFile.WriteLine("");
@@ -86,9 +82,21 @@ void WriteSection(const Section& section, TextFile& voucherFile, ClientRecordset
 }
 
 void ResetMarks(ClientRecordset& rows) {
-    if (rows.RecordCount() == 0) return;
     for (rows.MoveFirst(); !rows.IsEof(); rows.MoveNext())
         store::ResetStatus(rows);
+}
+
+void WriteSection(const Section& section, TextFile& voucherFile, Database& storeDatabase,
+                  const store::Options& options) {
+    // Nobody changes a row between its reading and its mark: such a change would go unsent.
+    platform::database::Batch batch(storeDatabase);
+    const auto rows = storeDatabase.OpenQuery(section.query, {store::master_status::kNothingToDo});
+    if (rows->IsEof()) return;
+    WriteRecords(section, voucherFile, *rows, options);
+    // No mark goes whose record a full disk or a power failure could still take.
+    voucherFile.Sync();
+    ResetMarks(*rows);
+    batch.Commit();
 }
 
 }  // namespace
@@ -96,20 +104,9 @@ void ResetMarks(ClientRecordset& rows) {
 // kept: marks-stay-reset. Also after a No at the end.
 void WriteMasterData(TextFile& voucherFile, Database& storeDatabase,
                      const store::Options& options) {
-    // Nobody changes a row between its reading and its mark: such a change would go unsent.
-    platform::database::Batch batch(storeDatabase);
     options.Refresh();
-    std::vector<std::unique_ptr<ClientRecordset>> written;
-    for (const Section& section : kSections) {
-        written.push_back(
-            storeDatabase.OpenQuery(section.query, {store::master_status::kNothingToDo}));
-        WriteSection(section, voucherFile, *written.back(), options);
-    }
-    // No mark goes whose record a full disk or a power failure could still take.
-    voucherFile.Sync();
-    for (const auto& rows : written)
-        ResetMarks(*rows);
-    batch.Commit();
+    for (const Section& section : kSections)
+        WriteSection(section, voucherFile, storeDatabase, options);
 }
 
 }  // namespace fileexport

@@ -7,8 +7,8 @@
 
 namespace fileexport {
 
-// Writes a section for each kind that has changed rows and sets their Status to 0 once all of them
-// are on disk. After an error before that every row keeps its Status.
+// Writes a section for each kind that has changed rows, and sets their Status to 0 once all of the
+// kind are on disk. After an error before that they keep their Status.
 void WriteMasterData(platform::TextFile& voucherFile, platform::database::Database& storeDatabase,
                      const store::Options& options);
 
