@@ -1,5 +1,6 @@
 #include "fileexport/master_data.h"
 
+#include <memory>
 #include <span>
 #include <string>
 
@@ -86,11 +87,21 @@ void ResetMarks(ClientRecordset& rows) {
         store::ResetStatus(rows);
 }
 
+std::unique_ptr<ClientRecordset> ChangedRows(const Section& section, Database& storeDatabase) {
+    return storeDatabase.OpenQuery(section.query, {store::master_status::kNothingToDo});
+}
+
+// A day with nothing to mark does not wait for those who write to the store.
+bool HasChangedRows(const Section& section, Database& storeDatabase) {
+    return !ChangedRows(section, storeDatabase)->IsEof();
+}
+
 void WriteSection(const Section& section, TextFile& voucherFile, Database& storeDatabase,
                   const store::Options& options) {
+    if (!HasChangedRows(section, storeDatabase)) return;
     // Nobody changes a row between its reading and its mark: such a change would go unsent.
     platform::database::Batch batch(storeDatabase);
-    const auto rows = storeDatabase.OpenQuery(section.query, {store::master_status::kNothingToDo});
+    const auto rows = ChangedRows(section, storeDatabase);
     if (rows->IsEof()) return;
     WriteRecords(section, voucherFile, *rows, options);
     // No mark goes whose record a full disk or a power failure could still take.

@@ -3,7 +3,6 @@
 #include <array>
 #include <iterator>
 #include <sstream>
-#include <vector>
 
 #include "fileexport/import_file.h"
 #include "fileexport/placed_files.h"
@@ -164,15 +163,16 @@ void PlaceVouchers(const Note& note) {
 void MarkDataSet(const Note& note, const platform::Clock& clock) {
     const std::array<std::string, 2> files = DataSetFilesOf(note);
     const std::array<std::string, 2> usual = UsualNamesOf(note);
-    std::vector<PlacedFile> absent;
+    bool anyIsAbsent = false;
     for (std::size_t i = 0; i < files.size(); ++i) {
         if (IsThere(files[i], note.dataSetFiles[i])) {
             store::Finish(platform::HeldFile(files[i]), usual[i], clock);
-        } else if (!note.hashes[i].empty()) {
-            absent.push_back({usual[i], note.hashes[i]});
+        } else {
+            anyIsAbsent = true;
         }
     }
-    Remember(absent);
+    const bool isKnown = !note.hashes[0].empty() && !note.hashes[1].empty();
+    if (anyIsAbsent && isKnown) Remember({note.dataSet, note.hashes});
 }
 
 // The order file comes first: it still waits for its place, or did not exist (a server before this

@@ -50,10 +50,18 @@ bool IsStillAt(const fs::path& path, int descriptor) {
            opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
+bool IsFolder(const fs::path& path) {
+    std::error_code ignored;
+    return fs::is_directory(path, ignored);
+}
+
 // A lock file of another user can be read at least, which is enough to wait for it or to take it.
-Descriptor OpenLockFile(const fs::path& path) {
+Descriptor OpenLockFile(const fs::path& path, bool& isNew) {
     constexpr int kFlags = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
-    Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | kFlags, 0666));
+    Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | kFlags, 0666));
+    isNew = file.IsOpen();
+    if (isNew || errno != EEXIST) return file;
+    file = Descriptor(::open(path.c_str(), O_RDWR | kFlags));
     if (!file.IsOpen() && errno == EACCES) {
         file = Descriptor(::open(path.c_str(), O_RDONLY | kFlags));
     }
@@ -81,7 +89,10 @@ FileLock::FileLock(const fs::path& file) : path_(file) {
 
 // Whether there is nothing more to try.
 bool FileLock::Take(const fs::path& file) {
-    Descriptor opened = OpenLockFile(path_);
+    bool isNew = false;
+    Descriptor opened = OpenLockFile(path_, isNew);
+    // Gone again since it was met.
+    if (!opened.IsOpen() && errno == ENOENT && IsFolder(FolderOf(path_))) return false;
     if (!opened.IsOpen() || !IsRegular(opened.Get())) return true;
     if (::flock(opened.Get(), LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK) return true;
@@ -95,14 +106,14 @@ bool FileLock::Take(const fs::path& file) {
     }
     if (!IsStillAt(path_, opened.Get())) return false;
     descriptor_ = std::move(opened);
-    SignIn();
+    // An empty one that was there may be what others tell each other by.
+    isOurs_ = isNew || StartOfContent(descriptor_.Get()).starts_with(kSignature);
+    if (isOurs_) SignIn();
     return true;
 }
 
 void FileLock::SignIn() {
-    const std::string content = StartOfContent(descriptor_.Get());
-    isOurs_ = content.empty() || content.starts_with(kSignature);
-    if (!isOurs_ || (!content.empty() && ::ftruncate(descriptor_.Get(), 0) != 0)) return;
+    if (::ftruncate(descriptor_.Get(), 0) != 0) return;
     // Without it the other is told less.
     const std::string signature = Signature() + "\n";
     std::string_view rest = signature;

@@ -110,7 +110,8 @@ RuntimeError ErrorOfMoving(int errnoValue, const fs::path& source, const fs::pat
 
 // A file system without hard links, or somebody else's file, of which the system makes none.
 bool MeansNoSecondNames(int errnoValue) {
-    return errnoValue == EPERM || errnoValue == EOPNOTSUPP || errnoValue == EMLINK;
+    return errnoValue == EPERM || errnoValue == EOPNOTSUPP || errnoValue == EMLINK ||
+           errnoValue == ENOSYS || errnoValue == EXDEV;
 }
 
 // Who may write the file that is replaced may write the new one, as far as the system lets it.
@@ -118,9 +119,11 @@ void TakeOwnerAndModeOf(const fs::path& existing, const fs::path& file) {
     struct stat status {};
     if (::stat(existing.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
     // Not through a link that somebody puts there meanwhile.
-    const bool isOwners = ::lchown(file.c_str(), status.st_uid, status.st_gid) == 0;
+    const Descriptor taker(::open(file.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (!taker.IsOpen()) return;
+    const bool isOwners = ::fchown(taker.Get(), status.st_uid, status.st_gid) == 0;
     const mode_t kept = isOwners ? 07777U : 0777U;  // no set-user-id for somebody else
-    (void)::fchmodat(AT_FDCWD, file.c_str(), status.st_mode & kept, AT_SYMLINK_NOFOLLOW);
+    (void)::fchmod(taker.Get(), status.st_mode & kept);
 }
 
 void CopyBeside(const fs::path& source, const fs::path& target) {

@@ -18,8 +18,22 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view kFinished = ".ferdig";
+constexpr std::string_view kTrial = ".ferdi~";
+constexpr std::size_t kStampLength = 12;
 
-// The names in the folder that begin with the usual one and mean the waiting file itself.
+// Whether a server makes such a name for a waiting file, finished or to try it.
+bool IsServersName(std::string_view name, std::string_view usualName) {
+    const std::size_t stamp = usualName.size() + 1;
+    if (!name.starts_with(usualName) || name.size() != stamp + kStampLength + kFinished.size()) {
+        return false;
+    }
+    const std::string_view digits = name.substr(stamp, kStampLength);
+    const bool isStamped =
+        name[stamp - 1] == '.' && digits.find_first_not_of("0123456789") == std::string_view::npos;
+    return isStamped && (name.ends_with(kFinished) || name.ends_with(kTrial));
+}
+
+// The server's names in the folder that mean the waiting file itself.
 std::vector<fs::path> SecondNamesOf(const platform::HeldFile& file, const std::string& usualName) {
     std::vector<fs::path> names;
     if (!file.HasOtherNames()) return names;
@@ -27,7 +41,7 @@ std::vector<fs::path> SecondNamesOf(const platform::HeldFile& file, const std::s
     fs::directory_iterator entry(".", failure);
     for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
         const fs::path name = entry->path().filename();
-        if (name.string().starts_with(usualName + ".") && file.IsAlso(name)) names.push_back(name);
+        if (IsServersName(name.string(), usualName) && file.IsAlso(name)) names.push_back(name);
     }
     return names;
 }
@@ -45,6 +59,11 @@ std::string FinishedName(std::string_view fileName, const platform::DateTime& mo
     return std::string(fileName) + "." + Digits(moment.year, 4) + Digits(moment.month, 2) +
            Digits(moment.day, 2) + Digits(moment.hour, 2) + Digits(moment.second, 2) +
            std::string(kFinished);
+}
+
+std::string TrialName(std::string_view fileName, const platform::DateTime& moment) {
+    std::string name = FinishedName(fileName, moment);
+    return name.replace(name.size() - kFinished.size(), kFinished.size(), kTrial);
 }
 
 SecondName::SecondName(const platform::HeldFile& file, std::string name)

@@ -12,6 +12,9 @@ namespace store {
 
 [[nodiscard]] std::string FinishedName(std::string_view fileName, const platform::DateTime& moment);
 
+// As long as the finished name, so that what is in the way of the one is in the way of the other.
+[[nodiscard]] std::string TrialName(std::string_view fileName, const platform::DateTime& moment);
+
 // A second name for a waiting file, given up again unless it is kept.
 class SecondName {
   public:

@@ -19,13 +19,6 @@ void RequireUnchangedFile(const platform::HeldFile& file) {
                                      "start it again when the till has written its files");
 }
 
-// As long as the finished name, so that what is in the way of the one is in the way of the other.
-std::string TrialName(const std::string& usualName, const platform::Clock& clock) {
-    std::string name = FinishedName(usualName, clock.Now());
-    name.back() = '~';
-    return name;
-}
-
 }  // namespace
 
 WaitingFiles::WaitingFiles(const DataSet& dataSet)
@@ -41,8 +34,8 @@ void WaitingFiles::RequireUnchanged() const {
 FinishedNames WaitingFiles::TryFinishedNames(const platform::Clock& clock) const {
     platform::RequireRemovable(sales_.Name());
     platform::RequireRemovable(salesLines_.Name());
-    return {*this, TrialName(dataSet_.SalesFile(), clock),
-            TrialName(dataSet_.SalesLinesFile(), clock)};
+    return {*this, TrialName(dataSet_.SalesFile(), clock.Now()),
+            TrialName(dataSet_.SalesLinesFile(), clock.Now())};
 }
 
 void WaitingFiles::GiveUpFinishedNames() const {

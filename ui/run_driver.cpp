@@ -23,12 +23,7 @@ RunDriver::RunDriver(const app::AppSettings& appSettings, frmMain& window, RunSt
 
 void RunDriver::StartDayEnd() {
     if (!AnythingSelected()) return;
-    const RunLocks locks(appSettings_, !TransfersToSAP());
-    for (ListEntry& entry : window_.ListDayEnd) {
-        if (!entry.isSelected) continue;
-        ProcessDataSet(entry.dataSet);
-        entry.isSelected = false;
-    }
+    ProcessSelected();
     if (platform::Trim(appSettings_.DayEndCommand).empty()) {
         RefreshWindow();
         return;
@@ -38,6 +33,16 @@ void RunDriver::StartDayEnd() {
         RefreshWindow();
     } catch (const platform::RuntimeError&) {
         // kept: quiet-refresh. Where a command is configured, nothing after it stops the server.
+    }
+}
+
+// The locks go before the command starts: it may be a server that needs them.
+void RunDriver::ProcessSelected() {
+    const RunLocks locks(appSettings_, !TransfersToSAP());
+    for (ListEntry& entry : window_.ListDayEnd) {
+        if (!entry.isSelected) continue;
+        ProcessDataSet(entry.dataSet);
+        entry.isSelected = false;
     }
 }
 

@@ -29,6 +29,7 @@ class RunDriver {
 
   private:
     [[nodiscard]] bool AnythingSelected() const;
+    void ProcessSelected();
     void ProcessDataSet(const store::DataSet& dataSet);
     [[nodiscard]] bool TransfersToSAP() const;
     void Transfer(const store::DataSet& dataSet);

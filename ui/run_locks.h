@@ -1,5 +1,5 @@
-// What a run holds from Start to its end: the work database, and with the file export both import
-// files. Servers of other program folders may name the same ones.
+// What a run holds from Start until its last data set is done: the work database, and with the file
+// export both import files. Servers of other program folders may name the same ones.
 #pragma once
 
 #include <string_view>

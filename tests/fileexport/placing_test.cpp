@@ -185,14 +185,20 @@ TEST_F(Placing, FilesThatWereGoneThenAreFinishedWhenTheyComeBack) {
     fileexport::FinishFilesThatCameBack(shop.clock, shop.window);
     EXPECT_TRUE(shop.window.List.empty());
 
+    // A later day whose lines are the same ones.
     std::filesystem::copy("till/KDayEndSalesLines.XML", "KDayEndSalesLines.XML");
     shop.folder.Write("KDayEndSales.XML", "of a later day");
+    fileexport::FinishFilesThatCameBack(shop.clock, shop.window);
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
+    EXPECT_TRUE(shop.folder.Has("KDayEndSalesLines.XML"));
+    EXPECT_TRUE(shop.window.List.empty());
+
+    std::filesystem::remove("KDayEndSales.XML");
     fileexport::FinishFilesThatCameBack(shop.clock, shop.window);
     EXPECT_EQ(shop.window.List,
               std::vector<std::string>{"Filen KDayEndSalesLines.XML er overført fra før, og har nå "
                                        "fått sitt ferdige navn."});
     EXPECT_TRUE(shop.folder.Has(kFinishedLines));
-    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML"));
 
     std::filesystem::rename("till/KDayEndSales.XML", "KDayEndSales.XML");
     fileexport::FinishFilesThatCameBack(shop.clock, shop.window);

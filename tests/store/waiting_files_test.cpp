@@ -76,8 +76,10 @@ TEST_F(Waiting, NamesThatAreNotKeptAreGivenUp) {
     std::filesystem::create_hard_link(kSales, kFinishedSales);
     std::filesystem::create_hard_link(kLines, kFinishedLines);
     shop.folder.Write("KDayEndSales.XML.200511151433.ferdig", "yesterday");
+    std::filesystem::create_hard_link(kSales, "KDayEndSales.XML.bak");
     files.GiveUpFinishedNames();
     ExpectNames(kSales, kLines);
+    EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML.bak")) << "somebody's own name";
     EXPECT_TRUE(shop.folder.Has("KDayEndSales.XML.200511151433.ferdig"));
 }
 
