@@ -7,11 +7,11 @@
 #include <string>
 
 #include "bench/quiet_operator.h"
-#include "bench/temp_folder.h"
 #include "demo/options.h"
 #include "fileexport/record_writer.h"
 #include "platform/clock.h"
 #include "platform/database/sqlite_engine.h"
+#include "platform/temp_folder.h"
 #include "platform/text_file.h"
 #include "store/databases.h"
 #include "store/options.h"
@@ -58,7 +58,7 @@ class TempShop {
     TempShop& operator=(const TempShop&) = delete;
 
   private:
-    TempFolder folder_;
+    platform::TempFolder folder_;
     std::filesystem::path before_;
 };
 

@@ -1,8 +1,8 @@
 // Records of the voucher file.
 #include <benchmark/benchmark.h>
 
-#include "bench/temp_folder.h"
 #include "fileexport/record_writer.h"
+#include "platform/temp_folder.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ fileexport::VoucherRecord TypicalRecord() {
 }
 
 void VoucherRecords(benchmark::State& state) {
-    const bench::TempFolder folder;
+    const platform::TempFolder folder;
     const fileexport::VoucherRecord record = TypicalRecord();
     platform::TextFiles textFiles;
     fileexport::RecordCounter counter = 0;

@@ -2,42 +2,18 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdlib>
 #include <fstream>
 #include <string>
 #include <utility>
 
 #include "platform/database/sqlite_database.h"
 #include "platform/error.h"
+#include "platform/temp_folder.h"
 
 namespace platform::database {
 namespace {
 
 namespace fs = std::filesystem;
-
-// A folder for this user alone, gone with the object.
-class PrivateFolder {
-  public:
-    PrivateFolder() {
-        std::string pattern = (fs::temp_directory_path() / "kvdayend-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) {
-            throw RuntimeError(error_number::kPathAccess,
-                               "Can not make a folder in " + fs::temp_directory_path().string());
-        }
-        path_ = pattern;
-    }
-    ~PrivateFolder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    PrivateFolder(const PrivateFolder&) = delete;
-    PrivateFolder& operator=(const PrivateFolder&) = delete;
-
-    [[nodiscard]] const fs::path& Path() const { return path_; }
-
-  private:
-    fs::path path_;
-};
 
 // The database file with what the engine keeps beside it.
 class DatabaseCopy {
@@ -55,7 +31,7 @@ class DatabaseCopy {
     [[nodiscard]] fs::path File() const { return folder_.Path() / "database"; }
 
   private:
-    PrivateFolder folder_;
+    TempFolder folder_;
 };
 
 // Holds the copy for as long as it is read.
